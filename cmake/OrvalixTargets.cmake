@@ -1,0 +1,54 @@
+# How every target of the project is compiled, and how the layers of the library are declared.
+
+find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
+
+add_library(orvalix_options INTERFACE)
+target_compile_features(orvalix_options INTERFACE cxx_std_20)
+target_compile_options(orvalix_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                       -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual)
+if(ORVALIX_WARNINGS_AS_ERRORS)
+  target_compile_options(orvalix_options INTERFACE -Werror)
+endif()
+if(ORVALIX_SANITIZE)
+  set(_sanitize -fsanitize=address,undefined -fno-sanitize-recover=undefined
+      -fno-omit-frame-pointer)
+  target_compile_options(orvalix_options INTERFACE ${_sanitize})
+  target_link_options(orvalix_options INTERFACE ${_sanitize})
+endif()
+
+# orvalix_add_layer(<name> SOURCES <file>... [DEPENDS <layer>...] [LIBRARIES <target>...])
+#
+# Compiles one folder of the library. The objects go into the library itself; a static archive
+# `orvalix_<name>`, which links the layers below and nothing above, lets tests reach what the shared
+# library hides and fails to link when an arrow between layers points the wrong way.
+function(orvalix_add_layer name)
+  cmake_parse_arguments(LAYER "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+  set(objects orvalix_${name}_objects)
+  add_library(${objects} OBJECT ${LAYER_SOURCES})
+  set_target_properties(${objects} PROPERTIES POSITION_INDEPENDENT_CODE ON
+                        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+                        CXX_EXTENSIONS OFF)
+  target_include_directories(${objects} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${objects} PRIVATE orvalix_options ${LAYER_LIBRARIES})
+
+  list(TRANSFORM LAYER_DEPENDS PREPEND orvalix_)
+  add_library(orvalix_${name} STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:${objects}>)
+  target_include_directories(orvalix_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(orvalix_${name} PUBLIC orvalix_options ${LAYER_DEPENDS}
+                        ${LAYER_LIBRARIES})
+  set_property(GLOBAL APPEND PROPERTY ORVALIX_LAYERS ${name})
+  set_property(GLOBAL APPEND PROPERTY ORVALIX_LIBRARIES ${LAYER_LIBRARIES})
+endfunction()
+
+# orvalix_add_test(<name> LAYER <layer> SOURCES <file>... [LIBRARIES <target>...])
+#
+# One GoogleTest program named test_<name>; each of its cases becomes one CTest test.
+function(orvalix_add_test name)
+  cmake_parse_arguments(TEST "" "LAYER" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(test_${name} ${TEST_SOURCES})
+  set_target_properties(test_${name} PROPERTIES CXX_EXTENSIONS OFF)
+  target_link_libraries(test_${name} PRIVATE orvalix_${TEST_LAYER} ${TEST_LIBRARIES} orvalix_options
+                        GTest::gmock_main)
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 300 ENVIRONMENT "${ORVALIX_TEST_ENVIRONMENT}")
+endfunction()
