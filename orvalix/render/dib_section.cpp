@@ -1,0 +1,147 @@
+#include "orvalix/render/dib_section.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include "orvalix/foundation/record_internal.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/palette_rules.h"
+#include "orvalix/render/pixel_format_internal.h"
+
+namespace {
+
+constexpr UINT kColors = 256;
+constexpr WORD kBitmapFileType = 0x4D42;  // the letters B and M
+/// File header, information header and colour table: where the pixels start.
+constexpr DWORD kPixelOffset = 14 + 40 + kColors * 4;
+
+/// Bytes of a row: whole groups of four.
+std::int64_t RowBytes(int bitCount, int width) {
+  return ((std::int64_t{bitCount} * width + 31) >> 5) * 4;
+}
+
+/// The depth for which a section needs a palette.
+constexpr int kPaletteBits = 8;
+
+BITMAPFILEHEADER FileHeader(DWORD pixelBytes) {
+  BITMAPFILEHEADER header{};
+  header.bfType = kBitmapFileType;
+  header.bfSize = pixelBytes + kPixelOffset;
+  header.bfOffBits = kPixelOffset;
+  return header;
+}
+
+}  // namespace
+
+CDIBSection::CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel)
+    : m_bits(nullptr), m_bitmap(nullptr), m_header{}, m_colorTable{}, m_targetDC(nullptr) {
+  CreateCDIBSection(windowDC, targetDC, width, height, bitsPerPixel);
+}
+
+CDIBSection::~CDIBSection() {
+  if (m_bitmap != nullptr) DeleteObject(m_bitmap);
+}
+
+void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int) {
+  m_targetDC = targetDC;
+  if (windowDC == nullptr) return;
+  const int bitCount = windowDC->GetDeviceCaps(BITSPIXEL) * windowDC->GetDeviceCaps(PLANES);
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = static_cast<WORD>(bitCount);
+  info.bmiHeader.biCompression = BI_RGB;
+  info.bmiHeader.biSizeImage = static_cast<DWORD>(RowBytes(bitCount, width) * height);
+  m_header = info.bmiHeader;
+  m_bitmap = CreateDIBSection(windowDC->GetSafeHdc(), &info, DIB_RGB_COLORS, &m_bits, nullptr, 0);
+}
+
+BITMAPINFOHEADER CDIBSection::GetDIBHeader() const {
+  DIBSECTION section{};
+  if (m_bitmap == nullptr || GetObjectA(m_bitmap, sizeof(section), &section) == 0) return {};
+  return section.dsBmih;
+}
+
+int CDIBSection::DIBWidth() const { return GetDIBHeader().biWidth; }
+
+int CDIBSection::DIBHeight() const { return GetDIBHeader().biHeight; }
+
+int CDIBSection::StorageWidth() const {
+  const BITMAPINFOHEADER header = GetDIBHeader();
+  return static_cast<int>(RowBytes(header.biBitCount, header.biWidth));
+}
+
+unsigned short CDIBSection::DIBNumColors(const BITMAPINFOHEADER& header) const {
+  if (header.biClrUsed != 0) return static_cast<unsigned short>(header.biClrUsed);
+  const bool hasTable = header.biBitCount >= 1 && header.biBitCount <= kPaletteBits;
+  return hasTable ? static_cast<unsigned short>(1U << header.biBitCount) : 0;
+}
+
+unsigned short CDIBSection::PaletteSize(const BITMAPINFOHEADER& header) const {
+  return static_cast<unsigned short>(DIBNumColors(header) * sizeof(RGBQUAD));
+}
+
+void* CDIBSection::FindDIBBits() const { return m_bits; }
+
+void CDIBSection::GetCDIBColorTable() {
+  if (m_targetDC == nullptr) return;
+  GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, m_colorTable.data());
+}
+
+void CDIBSection::SetCDIBColorTable(HPALETTE palette) {
+  if (palette == nullptr || m_targetDC == nullptr) return;
+  std::array<PALETTEENTRY, kColors> entries{};
+  const UINT count = GetPaletteEntries(palette, 0, kColors, entries.data());
+  for (std::size_t i = 0; i < count; ++i) {
+    m_colorTable[i] = {entries[i].peBlue, entries[i].peGreen, entries[i].peRed, 0};
+  }
+  SetDIBColorTable(m_targetDC->GetSafeHdc(), 0, count, m_colorTable.data());
+}
+
+void CDIBSection::CreateRGBPalette() {
+  const PIXELFORMATDESCRIPTOR format = orvalix::StoredPixelFormat(GetDIBHeader().biBitCount);
+  const HPALETTE palette = orvalix::WithAllocationErrors(
+      ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, "CreateRGBPalette",
+      [&] { return orvalix::CreatePaletteFor(orvalix::DefaultPaletteRules(), format); });
+  if (palette == nullptr) return;
+  m_palette.DeleteObject();
+  m_palette.Attach(palette);
+  SetCDIBColorTable(palette);
+}
+
+void CDIBSection::SaveDIB(const CString& fileName) const {
+  constexpr const char* kPlace = "SaveDIB";
+  if (m_bitmap == nullptr || m_targetDC == nullptr) {
+    orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_DIBSECTION, kPlace);
+  }
+  CFile file;
+  if (!file.Open(fileName, CFile::modeCreate | CFile::modeWrite)) {
+    orvalix::ThrowError(ERR3D_FILE_OPEN_OUTPUT, ERR3DCLASS_DIBSECTION, kPlace);
+  }
+  const BITMAPINFOHEADER header = GetDIBHeader();
+  const auto pixelBytes =
+      static_cast<DWORD>(RowBytes(header.biBitCount, header.biWidth) * header.biHeight);
+  const BITMAPFILEHEADER fileHeader = FileHeader(pixelBytes);
+  std::array<RGBQUAD, kColors> colors{};
+  GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors.data());
+
+  orvalix::WithFileErrors(ERR3DCLASS_DIBSECTION, kPlace, [&] {
+    file.Write(&fileHeader, sizeof(fileHeader));
+    file.Write(&header, sizeof(header));
+    file.Write(colors.data(), sizeof(colors));
+    file.Write(m_bits, pixelBytes);
+    file.Close();
+  });
+}
+
+HBITMAP CDIBSection::GetBitmapHandle() const { return m_bitmap; }
+
+HPALETTE CDIBSection::GetPaletteHandle() const {
+  return static_cast<HPALETTE>(m_palette.GetSafeHandle());
+}
+
+CDC* CDIBSection::GetTargetDC() const { return m_targetDC; }
+
+const RGBQUAD* CDIBSection::GetColorTable() const { return m_colorTable.data(); }

@@ -1,0 +1,73 @@
+/// @file
+/// The off-screen bitmap that pictures are drawn into.
+#pragma once
+
+#include <array>
+
+#include "orvalix/foundation/value_types.h"
+#include "orvalix/host/host.h"
+
+/// A device-independent bitmap whose pixels stand in memory, bottom row first. The rendering
+/// context draws into it; the view copies it to windows and writes it to files.
+///
+/// Where a colour table is read or written, the bitmap must be selected into its device context.
+class ORVALIX_API CDIBSection {
+ public:
+  /// Creates the bitmap in the colour depth of `windowDC`; without one, an empty section.
+  /// @param windowDC device context whose depth the bitmap takes; used only here
+  /// @param targetDC device context that the bitmap will be selected into; not owned
+  /// @param width, height size in pixels
+  /// @param bitsPerPixel not consulted: the window's depth decides
+  CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel);
+  /// Deletes the bitmap and the palette.
+  ~CDIBSection();
+  CDIBSection(const CDIBSection&) = delete;
+  CDIBSection& operator=(const CDIBSection&) = delete;
+
+  /// The header of the bitmap as the platform reports it; all 0 when there is no bitmap.
+  BITMAPINFOHEADER GetDIBHeader() const;
+  /// Pixels in a row.
+  int DIBWidth() const;
+  /// Number of rows.
+  int DIBHeight() const;
+  /// Bytes from a row to the next: a multiple of 4.
+  int StorageWidth() const;
+  /// Number of colours in the table of a bitmap with that header; 0 above 8 bits per pixel.
+  unsigned short DIBNumColors(const BITMAPINFOHEADER& header) const;
+  /// Size in bytes of the colour table of a bitmap with that header.
+  unsigned short PaletteSize(const BITMAPINFOHEADER& header) const;
+  /// The pixels, bottom row first; null when there is no bitmap.
+  void* FindDIBBits() const;
+  /// Reads the colour table of the bitmap in the target device context into this object.
+  void GetCDIBColorTable();
+  /// Gives the bitmap the colours of a palette. Null does nothing.
+  void SetCDIBColorTable(HPALETTE palette);
+  /// Makes the palette of an 8-bit bitmap and gives the bitmap its colours; does nothing for other
+  /// depths.
+  /// @throws CErr3D type 2, class 9, "CreateRGBPalette"
+  void CreateRGBPalette();
+  /// Writes the bitmap as a bitmap file: file header, information header, 256 colours whatever the
+  /// depth, pixels from byte 1078 on.
+  /// @throws CErr3D class 9, "SaveDIB": type 6 when the file can't be made, type 7 when a write
+  ///   fails, type 8 when there is no bitmap
+  void SaveDIB(const CString& fileName) const;
+
+  /// Addition: the platform's handle of the bitmap; null when there is none.
+  HBITMAP GetBitmapHandle() const;
+  /// Addition: the platform's handle of the palette; null when the depth needs none.
+  HPALETTE GetPaletteHandle() const;
+  /// Addition: the device context that the bitmap is drawn through.
+  CDC* GetTargetDC() const;
+  /// Addition: the colours as last read or set, 256 entries; all 0 at first.
+  const RGBQUAD* GetColorTable() const;
+
+ private:
+  void CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel);
+
+  void* m_bits;                           ///< the pixels; they belong to m_bitmap
+  HBITMAP m_bitmap;                       ///< owned
+  BITMAPINFOHEADER m_header;              ///< what the bitmap was created with
+  std::array<RGBQUAD, 256> m_colorTable;  ///< as last read or set
+  CPalette m_palette;                     ///< of an 8-bit bitmap
+  CDC* m_targetDC;                        ///< not owned
+};

@@ -1,0 +1,102 @@
+#include <cmath>
+
+#include "orvalix/foundation/colors.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/open_gl.h"
+#include "orvalix/render/placeable_internal.h"
+
+void COpenGL::SendLineWidth() {
+  // OpenGL itself refuses widths that aren't positive; an undefined one never reaches it.
+  if (m_lineWidth > 0.0F) glLineWidth(m_lineWidth);
+}
+
+void COpenGL::SendStipple(int style) {
+  const bool known = style >= 0 && style < static_cast<int>(m_stipples.size());
+  glLineStipple(m_lineStyleFactor, m_stipples[known ? static_cast<std::size_t>(style) : 0]);
+}
+
+void COpenGL::SendVertex(point3Dtype const& point) { glVertex3d(point.x, point.y, point.z); }
+
+void COpenGL::BeginLine() {
+  glEnable(GL_LINE_STIPPLE);
+  m_savedColorMode = m_colorMode;
+  SetColorMode(0);
+  SendColor(m_lineColor);
+  SendLineWidth();
+  SendStipple(m_lineStyle);
+}
+
+void COpenGL::EndLine() {
+  glDisable(GL_LINE_STIPPLE);
+  SetColorMode(m_savedColorMode);
+}
+
+void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {
+  BeginLine();
+  if (orvalix::IsPlaceable(a) && orvalix::IsPlaceable(b)) {
+    glBegin(GL_LINES);
+    SendVertex(a);
+    SendVertex(b);
+    glEnd();
+  }
+  EndLine();
+}
+
+void COpenGL::StartLineAbs3D(point3Dtype const& point) {
+  BeginLine();
+  glBegin(GL_LINE_STRIP);
+  AppendLineAbs3D(point);
+}
+
+void COpenGL::AppendLineAbs3D(point3Dtype const& point) {
+  if (orvalix::IsPlaceable(point)) {
+    SendVertex(point);
+    return;
+  }
+  // The line goes on behind the gap.
+  glEnd();
+  glBegin(GL_LINE_STRIP);
+}
+
+void COpenGL::EndLineAbs3D(point3Dtype const& point) {
+  AppendLineAbs3D(point);
+  glEnd();
+  EndLine();
+}
+
+void COpenGL::BeginOutline(RGBDType const& color) {
+  if (m_textureEnabled != 0) glDisable(GL_TEXTURE_1D);
+  SendLineWidth();
+  SendStipple(0);
+  m_savedColorMode = m_colorMode;
+  SetColorMode(0);
+  SendColor(color);
+}
+
+void COpenGL::EndOutline() {
+  SendStipple(m_lineStyle);
+  SetColorMode(m_savedColorMode);
+  if (m_textureEnabled != 0) glEnable(GL_TEXTURE_1D);
+}
+
+void COpenGL::PolyAbs3D(const point3Dtype* points, int n) {
+  if (points == nullptr) return;
+  BeginOutline(m_lineColor);
+  glPolygonMode(GL_FRONT, GL_LINE);
+  if (orvalix::ArePlaceable(points, n)) {
+    glBegin(GL_POLYGON);
+    for (int i = 0; i < n; ++i) SendVertex(points[i]);
+    glEnd();
+  }
+  glPolygonMode(GL_FRONT, GL_FILL);
+  EndOutline();
+}
+
+void COpenGL::Frame3D(const point3Dtype* points, int n) {
+  if (points == nullptr || n < 1) return;
+  BeginOutline(m_outlineColor);
+  glBegin(GL_LINE_STRIP);
+  for (int i = 0; i < n; ++i) AppendLineAbs3D(points[i]);
+  glEnd();
+  EndOutline();
+}
