@@ -1,13 +1,12 @@
 #include "orvalix/render/font_3d.h"
 
+#include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/open_gl.h"
 
 namespace {
 
-constexpr int kFontTag = 1111;
-constexpr int kOpenGLTag = 1717;
 constexpr int kBold = 700;
 constexpr LONG kFontHeight = -28;
 constexpr LONG kNormalWeight = 400;
@@ -43,14 +42,14 @@ void CFont3D::InitFontDefaults() {
   m_scaleFactor = 0.05;
   m_requestedSize = 0.0;
   m_faceName = "Arial";
-  m_classTag = kFontTag;
+  m_classTag = orvalix::kFontTag;
 }
 
 void CFont3D::InitFont(COpenGL* context, CDC* deviceContext, int listBase) {
   if (deviceContext == nullptr || deviceContext->GetSafeHdc() == nullptr) {
     orvalix::ThrowError(ERR3D_CDC_PARAMETER, ERR3DCLASS_FONT3D, "InitFont");
   }
-  if (context == nullptr || context->GetClassTag() != kOpenGLTag) {
+  if (!orvalix::IsTagged(context, orvalix::kOpenGLTag)) {
     orvalix::ThrowError(ERR3D_OPENGL_PARAMETER, ERR3DCLASS_FONT3D, "InitFont");
   }
   m_context = context;

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr int kOpenGLTag = 1717;
 constexpr std::array<unsigned short, 16> kStipples{0xFFFF, 0x0101, 0x1111, 0x5555, 0x0303, 0x0707,
                                                    0x0F0F, 0xFF00, 0xFE10, 0xFF3C, 0xFE44, 0xFFFF,
                                                    0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF};
@@ -38,7 +38,7 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
   NewFont3D();
 }
 
-COpenGL::~COpenGL() = default;
+COpenGL::~COpenGL() { Close(); }
 
 void COpenGL::SetOpenGLDefaults() {
   InitPaletteConstants();
@@ -70,7 +70,7 @@ void COpenGL::SetOpenGLDefaults() {
   m_textureMinimum = 0.0;
   m_textureMaximum = 0.0;
   m_textureScale = 0.0;
-  m_classTag = kOpenGLTag;
+  m_classTag = orvalix::kOpenGLTag;
 }
 
 int COpenGL::bSetupPixelFormat() {

@@ -137,6 +137,9 @@ class ORVALIX_API COpenGL {
   void LoadLight(int which);
   /// @}
 
+  /// Addition: sets smooth shading, a depth buffer that clears to the farthest, and the depth test.
+  void SetupShading();
+
   /// @name Clip planes
   /// @{
 

@@ -112,6 +112,12 @@ void COpenGL::LoadLight(int which) {
   }
 }
 
+void COpenGL::SetupShading() {
+  glShadeModel(GL_SMOOTH);
+  glClearDepth(1.0);
+  glEnable(GL_DEPTH_TEST);
+}
+
 void COpenGL::SetClipLimits(point3Dtype const& min, point3Dtype const& max) {
   const std::array<double, 3> margin{(max.x - min.x) * kClipMargin, (max.y - min.y) * kClipMargin,
                                      (max.z - min.z) * kClipMargin};

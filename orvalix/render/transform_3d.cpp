@@ -1,5 +1,6 @@
 #include "orvalix/render/transform_3d.h"
 
+#include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/logarithms.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/save_record_internal.h"
@@ -8,8 +9,6 @@
 
 namespace {
 
-constexpr int kTransformTag = 1616;
-constexpr int kOpenGLTag = 1717;
 constexpr int kAxes = 3;
 
 point3Dtype Point(double x, double y, double z) { return {.x = x, .y = y, .z = z, .v = 0.0}; }
@@ -59,13 +58,13 @@ void CTransform3D::SetTransformDefaults() {
   m_reserved = 0;
   m_fontAspect = 1.0;
   m_fontHeightSF = 1.0;
-  m_classTag = kTransformTag;
+  m_classTag = orvalix::kTransformTag;
   m_id = ++nSelfID;
 }
 
 void CTransform3D::InitTransform(COpenGL* context) {
   m_context = nullptr;
-  if (context == nullptr || context->GetClassTag() != kOpenGLTag) {
+  if (!orvalix::IsTagged(context, orvalix::kOpenGLTag)) {
     orvalix::ThrowError(ERR3D_OPENGL_PARAMETER, ERR3DCLASS_TRANSFORM3D, "InitTransform");
   }
   m_context = context;

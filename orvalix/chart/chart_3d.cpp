@@ -1,0 +1,229 @@
+#include "orvalix/chart/chart_3d.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "orvalix/chart/border_internal.h"
+#include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/foundation/class_tags_internal.h"
+#include "orvalix/foundation/colors.h"
+#include "orvalix/foundation/points.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/open_gl.h"
+#include "orvalix/render/transform_3d.h"
+#include "orvalix/series/chart_obj_3d.h"
+
+namespace {
+
+/// A length in pixels rounded towards zero, kept to what an int can hold; 0 when undefined.
+int ToPixels(double length) {
+  if (std::isnan(length)) return 0;
+  constexpr double kLowest = std::numeric_limits<int>::min();
+  constexpr double kHighest = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(length, kLowest, kHighest));
+}
+
+}  // namespace
+
+int CChart3D::nSelfID = 0;
+
+CChart3D::CChart3D() { InitChartDefaults(); }
+
+CChart3D::CChart3D(CChartView3D* view) : CChart3D() { InitChart3D(view); }
+
+CChart3D::CChart3D(CChartView3D* view, point3Dtype const& min, point3Dtype const& max,
+                   CTransform3D** transform)
+    : CChart3D(view) {
+  CTransform3D* made = NewTransform(min, max);
+  if (transform != nullptr) *transform = made;
+}
+
+CChart3D::~CChart3D() = default;
+
+void CChart3D::InitChartDefaults() {
+  const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
+  const RGBDType white = SetRGBD(1.0, 1.0, 1.0, 1.0);
+  ++nSelfID;
+  m_openGL = nullptr;
+  m_view = nullptr;
+  m_viewAspectFactor = 1.0;
+  m_chartAspect = 1.0;
+  m_fontHeightSF = 1.0;
+  m_fontSize = 0.1;
+  m_spareScale = 0.05;
+  m_borderThickness = 1.0;
+  m_chartEnable = 1;
+  m_borderEnable = 1;
+  AssignViewport(m_viewport, 0, 0, 100, 100);
+  AssignViewR(m_position, 0.0, 0.0, 1.0, 1.0);
+  AssignPoint3D(m_lightPosition, 0.0, 1.0, 1.0);
+  m_chartBkColor = white;
+  m_borderColor = black;
+  m_textureColors.fill(black);
+  m_diffuseLight = white;
+  m_ambientLight = SetRGBD(0.4, 0.4, 0.4, 1.0);
+  m_textureMinimum = 0.0;
+  m_textureMaximum = 1.0;
+  m_textureMode = -1;
+  m_numTextureColors = 0;
+  m_classTag = orvalix::kChartTag;
+}
+
+void CChart3D::InitChart3D(CChartView3D* view) {
+  if (!orvalix::IsTagged(view, orvalix::kChartViewTag)) {
+    orvalix::ThrowError(ERR3D_CVIEW_PARAMETER, ERR3DCLASS_CHART3D, "InitChart3D");
+  }
+  m_view = view;
+  m_openGL = view->GetOpenGLPntr();
+  if (m_openGL == nullptr) return;
+  // Another view's context may be current.
+  m_openGL->MakeCurrent();
+  m_openGL->SetupShading();
+  m_openGL->LoadLight(GL_AMBIENT);
+  m_openGL->LoadLight(GL_DIFFUSE);
+  m_openGL->LoadLight(GL_SPECULAR);
+}
+
+void CChart3D::DrawChart() {
+  if (m_chartEnable == 0 || m_openGL == nullptr) return;
+  SetChartPosition(m_position);
+  SetupOpenGL();
+  SetFontFactors();
+  DrawChartObjs();
+}
+
+void CChart3D::SetupOpenGL() {
+  m_openGL->LoadIdentity();
+  m_openGL->SetViewport(m_viewport);
+  m_openGL->SetClearColor(m_chartBkColor.red, m_chartBkColor.green, m_chartBkColor.blue,
+                          m_chartBkColor.alpha);
+  m_openGL->Clear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  if (m_borderEnable != 0) DrawBorder();
+  SetupLight();
+  SetupTexture();
+}
+
+void CChart3D::DrawBorder() {
+  orvalix::DrawBorder(*m_openGL, m_borderThickness, m_viewport.width, m_viewport.height,
+                      m_borderColor);
+}
+
+void CChart3D::SetupLight() {
+  m_openGL->SetLightPosition(m_lightPosition);
+  m_openGL->LoadLight(GL_POSITION);
+  m_openGL->SetLightComponent(LIGHT3D_MODEL_AMBIENT, m_ambientLight);
+  m_openGL->SetLightComponent(GL_DIFFUSE, m_diffuseLight);
+  m_openGL->LoadLight(GL_AMBIENT);
+  m_openGL->LoadLight(GL_DIFFUSE);
+}
+
+void CChart3D::SetupTexture() {
+  if (m_textureMode < 0) return;
+  m_openGL->SetTextureMode(m_textureMode);
+  m_openGL->SetTextureColorArray(m_textureColors.data(), m_textureMinimum, m_textureMaximum,
+                                 m_numTextureColors);
+}
+
+void CChart3D::SetFontFactors() {
+  m_openGL->SetFontScaleFactor(m_fontSize);
+  for (CTransform3D* transform : m_transforms) {
+    transform->SetFontAspect(m_viewAspectFactor * m_chartAspect);
+    transform->SetFontHeightSF(m_fontHeightSF);
+  }
+}
+
+void CChart3D::DrawChartObjs() {
+  for (CChartObj3D* chartObj : m_chartObjs) chartObj->DrawChartObj();
+}
+
+void CChart3D::EnableChart(int flag) { m_chartEnable = flag; }
+
+int CChart3D::GetChartEnable() const { return m_chartEnable; }
+
+void CChart3D::EnableBorder(int flag) { m_borderEnable = flag; }
+
+int CChart3D::GetBorderEnable() const { return m_borderEnable; }
+
+void CChart3D::SetBorderColor(RGBDType const& color) { m_borderColor = color; }
+
+RGBDType CChart3D::GetBorderColor() const { return m_borderColor; }
+
+void CChart3D::SetBorderThickness(double thickness) { m_borderThickness = thickness; }
+
+double CChart3D::GetBorderThickness() const { return m_borderThickness; }
+
+void CChart3D::SetChartBkColor(RGBDType const& color) { m_chartBkColor = color; }
+
+RGBDType CChart3D::GetChartBkColor() const { return m_chartBkColor; }
+
+void CChart3D::SetChartPosition(GLViewRType const& position) {
+  m_position = position;
+  if (m_view == nullptr) return;
+  int width = 0;
+  int height = 0;
+  m_view->GetViewSize(width, height);
+  GLViewportType viewport;
+  AssignViewport(viewport, ToPixels(width * position.x), ToPixels(height * position.y),
+                 ToPixels(width * position.width), ToPixels(height * position.height));
+  SetChartViewport(viewport);
+}
+
+void CChart3D::GetChartPosition(GLViewRType& position) const { position = m_position; }
+
+void CChart3D::SetChartViewport(GLViewportType const& viewport) {
+  m_viewport = viewport;
+  m_chartAspect = static_cast<double>(viewport.height) / static_cast<double>(viewport.width);
+}
+
+void CChart3D::GetChartViewport(GLViewportType& viewport) const { viewport = m_viewport; }
+
+void CChart3D::SetLightPosition(point3Dtype const& position) { m_lightPosition = position; }
+
+void CChart3D::GetLightPosition(point3Dtype& position) const { position = m_lightPosition; }
+
+void CChart3D::SetLightComponent(int key, RGBDType const& color) {
+  if (key == GL_DIFFUSE) m_diffuseLight = color;
+  if (key == LIGHT3D_MODEL_AMBIENT) m_ambientLight = color;
+}
+
+RGBDType CChart3D::GetLightComponent(int key) const {
+  if (key == GL_DIFFUSE) return m_diffuseLight;
+  if (key == LIGHT3D_MODEL_AMBIENT) return m_ambientLight;
+  return SetRGBD(0.0, 0.0, 0.0, 0.0);
+}
+
+void CChart3D::SetFontSize(double size) { m_fontSize = size; }
+
+double CChart3D::GetFontSize() const { return m_fontSize; }
+
+void CChart3D::SetTextureMode(int mode) { m_textureMode = mode; }
+
+int CChart3D::GetTextureMode() const { return m_textureMode; }
+
+void CChart3D::SetTextureColorArray(const RGBDType* colors, double min, double max, int count) {
+  if (colors == nullptr || count < 1) return;
+  m_numTextureColors = std::min(count, static_cast<int>(m_textureColors.size()));
+  std::copy_n(colors, m_numTextureColors, m_textureColors.begin());
+  m_textureMinimum = min;
+  m_textureMaximum = max;
+}
+
+void CChart3D::GetTextureColorArray(RGBDType* colors, double* min, double* max) const {
+  if (colors != nullptr) std::copy_n(m_textureColors.begin(), m_numTextureColors, colors);
+  if (min != nullptr) *min = m_textureMinimum;
+  if (max != nullptr) *max = m_textureMaximum;
+}
+
+int CChart3D::GetNumTextureColors() const { return m_numTextureColors; }
+
+int CChart3D::GetNumTransforms() const { return m_transforms.Count(); }
+
+CTransform3D* CChart3D::GetTransform(int index) const { return m_transforms.At(index); }
+
+int CChart3D::GetNumChartObjs() const { return m_chartObjs.Count(); }
+
+CChartObj3D* CChart3D::GetChartObj(int index) const { return m_chartObjs.At(index); }
+
+int CChart3D::GetClassTag() const { return m_classTag; }

@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <cstddef>
+
+#include "orvalix/chart/chart_3d.h"
+#include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/render/open_gl.h"
+#include "orvalix/render/transform_3d.h"
+#include "orvalix/series/chart_obj_3d.h"
+
+namespace {
+
+/// Bytes of a transform's record, and the fewest that a data series takes: what a count of them is
+/// held against before any is made.
+constexpr std::size_t kTransformBytes = 660;
+constexpr std::size_t kLeastChartObjBytes = 300;
+
+/// A count, then the record of each object. On reading, `make` makes the next object and `bind`
+/// gets it once it has been read.
+template <class Record, class T, class Make, class Bind>
+void RecordList(Record& record, const orvalix::ObjectList<T>& list, std::size_t leastBytes,
+                Make make, Bind bind) {
+  int count = Record::kReading ? 0 : list.Count();
+  record.Count(count, leastBytes);
+  if constexpr (Record::kReading) {
+    for (int i = 0; i < count; ++i) {
+      T* object = make();
+      record.Child(*object);
+      bind(*object);
+    }
+  } else {
+    for (T* object : list) record.Child(*object);
+  }
+}
+
+}  // namespace
+
+template <class Record, class Self>
+void CChart3D::RecordFields(Record& record, Self& self) {
+  record.Field(nSelfID);
+  record.Field(self.m_viewAspectFactor);
+  record.Field(self.m_chartAspect);
+  record.Field(self.m_fontHeightSF);
+  record.Field(self.m_fontSize);
+  record.Field(self.m_spareScale);
+  record.Field(self.m_borderThickness);
+  record.Field(self.m_borderColor);
+  record.Field(self.m_chartEnable);
+  record.Field(self.m_borderEnable);
+  record.Field(self.m_viewport);
+  record.Field(self.m_position);
+  record.Field(self.m_lightPosition);
+  record.Field(self.m_ambientLight);
+  record.Field(self.m_diffuseLight);
+  record.Field(self.m_chartBkColor);
+  record.Fields(self.m_textureColors);
+  record.Field(self.m_textureMinimum);
+  record.Field(self.m_textureMaximum);
+  record.Field(self.m_textureMode);
+  record.Field(self.m_numTextureColors);
+  RecordList(
+      record, self.m_transforms, kTransformBytes, [&] { return self.NewTransform(); },
+      [](CTransform3D&) {});
+  RecordList(
+      record, self.m_chartObjs, kLeastChartObjBytes, [&] { return self.NewChartObj(); },
+      [&](CChartObj3D& chartObj) {
+        CTransform3D* transform = self.MatchTransformID(chartObj.GetOwnerID());
+        if (transform != nullptr && self.m_openGL != nullptr) {
+          chartObj.InitChartObj3D(self.m_openGL, transform);
+        }
+      });
+}
+
+void CChart3D::Save(void* file) const {
+  orvalix::SaveRecord(file, ERR3DCLASS_CHART3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+}
+
+void CChart3D::Load(void* file) {
+  orvalix::LoadRecord(file, ERR3DCLASS_CHART3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+  // The array is walked up to this number, so a number from a file must fit it.
+  m_numTextureColors = std::clamp(m_numTextureColors, 0, static_cast<int>(m_textureColors.size()));
+}

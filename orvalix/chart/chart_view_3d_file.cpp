@@ -1,0 +1,54 @@
+#include "orvalix/chart/chart_3d.h"
+#include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/dib_section.h"
+#include "orvalix/render/open_gl.h"
+
+namespace {
+
+/// The fewest bytes that a chart's record takes: what a count of charts is held against.
+constexpr std::size_t kLeastChartBytes = 8000;
+
+}  // namespace
+
+template <class Record, class Self>
+void CChartView3D::RecordFields(Record& record, Self& self) {
+  record.Field(self.m_fontWeight);
+  record.Field(self.m_fontCharacters);
+  record.Field(self.m_fontItalics);
+  record.Field(self.m_fontUnderline);
+  record.Field(self.m_fontName);
+  record.Field(self.m_viewBkColor);
+  record.Field(self.m_viewBkMode);
+  record.Field(self.m_borderThickness);
+  record.Field(self.m_borderColor);
+  record.Field(self.m_borderEnable);
+  int charts = Record::kReading ? 0 : self.m_charts.Count();
+  record.Count(charts, kLeastChartBytes);
+  if constexpr (Record::kReading) {
+    for (int i = 0; i < charts; ++i) record.Child(*self.NewChart3D());
+  } else {
+    for (CChart3D* chart : self.m_charts) record.Child(*chart);
+  }
+}
+
+void CChartView3D::Save(const CString& name) const {
+  CFile file;
+  if (!file.Open(name, CFile::modeCreate | CFile::modeWrite)) {
+    orvalix::ThrowError(ERR3D_FILE_OPEN_OUTPUT, ERR3DCLASS_CHARTVIEW3D, "Save");
+  }
+  orvalix::SaveRecord(file.m_hFile, ERR3DCLASS_CHARTVIEW3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+}
+
+void CChartView3D::Load(const CString& name) {
+  CFile file;
+  if (!file.Open(name, CFile::modeRead)) {
+    orvalix::ThrowError(ERR3D_FILE_OPEN_INPUT, ERR3DCLASS_CHARTVIEW3D, "Load");
+  }
+  DeleteCharts();
+  m_fontChanged = true;
+  orvalix::LoadRecord(file.m_hFile, ERR3DCLASS_CHARTVIEW3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+}

@@ -1,0 +1,100 @@
+#include "orvalix/chart/border_internal.h"
+#include "orvalix/chart/chart_3d.h"
+#include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/window_dc_internal.h"
+#include "orvalix/foundation/points.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/dib_section.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/open_gl.h"
+
+namespace {
+
+/// Depth with which the view's font is registered.
+constexpr double kFontDepth = 0.2;
+
+void RequireDC(const CDC* dc) {
+  if (dc == nullptr) {
+    orvalix::ThrowError(ERR3D_CDC_PARAMETER, ERR3DCLASS_CHARTVIEW3D, "DrawViewScreen");
+  }
+}
+
+}  // namespace
+
+void CChartView3D::DrawViewScreen(CDC* dc) {
+  RequireDC(dc);
+  if (!m_deviceInitialized) InitDeviceContext(true);
+  if (!m_deviceInitialized) return;
+  SetViewSizeWindow();
+  DrawToDC(dc, 0, 0);
+}
+
+void CChartView3D::DrawViewScreen(CDC* dc, int x, int y, int width, int height) {
+  RequireDC(dc);
+  if (!m_deviceInitialized) InitDeviceContext(true);
+  if (!m_deviceInitialized) return;
+  SetViewSizeSubWindow(width, height);
+  DrawToDC(dc, x, y);
+}
+
+void CChartView3D::DrawViewScreen() {
+  if (!m_deviceInitialized || m_window->GetSafeHwnd() == nullptr) return;
+  const orvalix::WindowDC dc(*m_window, "InitDeviceContext");
+  SetViewSizeWindow();
+  DrawToDC(dc.Get(), 0, 0);
+}
+
+void CChartView3D::DrawToDC(CDC* dc, int x, int y) {
+  DrawView();
+  const HPALETTE previous = SelectPalette(dc->GetSafeHdc(), m_dib->GetPaletteHandle(), FALSE);
+  RealizePalette(dc->GetSafeHdc());
+  CopyBitmap(dc, x, y, m_viewWidth, m_viewHeight);
+  SelectPalette(dc->GetSafeHdc(), previous, FALSE);
+}
+
+void CChartView3D::CopyBitmap(CDC* dc, int x, int y, int width, int height) {
+  // OpenGL's lower left corner is the bitmap's, whose rows count from the top.
+  dc->BitBlt(x, y, width, height, &m_memoryDC, 0, m_bitmapHeight - height, SRCCOPY);
+}
+
+void CChartView3D::SaveToFile(const CString& name) {
+  if (!m_deviceInitialized) {
+    orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_CHARTVIEW3D, "SaveToFile");
+  }
+  SetViewSizeBitmap();
+  DrawView();
+  m_dib->SaveDIB(name);
+}
+
+void CChartView3D::DrawView() {
+  if (m_viewWidth < 1 || m_viewHeight < 1) return;
+  m_openGL->MakeCurrent();
+  GLViewportType viewport;
+  AssignViewport(viewport, 0, 0, m_viewWidth, m_viewHeight);
+  m_openGL->SetViewport(viewport);
+  m_viewAspect = static_cast<double>(m_viewHeight) / static_cast<double>(m_viewWidth);
+  m_openGL->SetClearColor(m_viewBkColor.red, m_viewBkColor.green, m_viewBkColor.blue,
+                          m_viewBkColor.alpha);
+  m_openGL->Clear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  m_openGL->LoadIdentity();
+  if (m_borderEnable != 0) DrawBorder();
+  if (m_fontChanged) RegisterChangedFont();
+  if (!m_charts.IsEmpty()) DrawCharts();
+  m_openGL->Flush();
+  m_openGL->UpdateBitmap(m_viewWidth, m_viewHeight);
+}
+
+void CChartView3D::DrawBorder() {
+  orvalix::DrawBorder(*m_openGL, m_borderThickness, m_viewWidth, m_viewHeight, m_borderColor);
+}
+
+void CChartView3D::RegisterChangedFont() {
+  m_openGL->RegisterFont(m_fontName, kFontDepth, m_fontWeight, m_fontItalics, m_fontUnderline,
+                         m_fontCharacters);
+  m_fontChanged = false;
+}
+
+void CChartView3D::DrawCharts() {
+  for (CChart3D* chart : m_charts) chart->DrawChart();
+  m_openGL->Flush();
+}

@@ -1,0 +1,128 @@
+#include "support/feedback.h"
+
+#include <GL/gl.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <iomanip>
+#include <iterator>
+#include <sstream>
+
+namespace orvalix::test {
+namespace {
+
+// GL_4D_COLOR_TEXTURE: x y z w, red green blue alpha, s t r q.
+constexpr std::size_t kFloatsPerVertex = 12;
+constexpr std::size_t kBufferFloats = std::size_t{1} << 23;
+
+class FeedbackReader {
+ public:
+  explicit FeedbackReader(const std::vector<GLfloat>& buffer, std::size_t count)
+      : m_buffer(buffer), m_count(count) {}
+
+  std::vector<FeedbackPrimitive> Read() {
+    std::vector<FeedbackPrimitive> primitives;
+    while (m_at < m_count) {
+      switch (static_cast<int>(Next())) {
+        case GL_POINT_TOKEN:
+          primitives.push_back({FeedbackPrimitive::Kind::kPoint, Vertices(1)});
+          break;
+        case GL_LINE_TOKEN:
+        case GL_LINE_RESET_TOKEN:
+          primitives.push_back({FeedbackPrimitive::Kind::kLine, Vertices(2)});
+          break;
+        case GL_POLYGON_TOKEN: {
+          const auto count = static_cast<std::size_t>(Next());
+          primitives.push_back({FeedbackPrimitive::Kind::kPolygon, Vertices(count)});
+          break;
+        }
+        case GL_PASS_THROUGH_TOKEN:
+          Next();
+          break;
+        default:
+          ADD_FAILURE() << "unknown feedback token at " << m_at - 1;
+          return primitives;
+      }
+    }
+    return primitives;
+  }
+
+ private:
+  double Next() { return m_at < m_count ? static_cast<double>(m_buffer[m_at++]) : 0.0; }
+
+  std::vector<FeedbackVertex> Vertices(std::size_t count) {
+    std::vector<FeedbackVertex> vertices;
+    for (std::size_t i = 0; i < count && m_at + kFloatsPerVertex <= m_count; ++i) {
+      FeedbackVertex vertex{};
+      vertex.x = Next();
+      vertex.y = Next();
+      vertex.z = Next();
+      Next();
+      vertex.red = Next();
+      vertex.green = Next();
+      vertex.blue = Next();
+      vertex.alpha = Next();
+      vertex.t = Next();
+      m_at += 3;
+      vertices.push_back(vertex);
+    }
+    return vertices;
+  }
+
+  const std::vector<GLfloat>& m_buffer;
+  std::size_t m_count;
+  std::size_t m_at = 0;
+};
+
+/// A number without the sign of a zero, so that texts don't depend on how it came about.
+double Plain(double value, double unit) {
+  const double rounded = std::round(value / unit) * unit;
+  return rounded == 0.0 ? 0.0 : rounded;
+}
+
+}  // namespace
+
+std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw) {
+  static std::vector<GLfloat> buffer(kBufferFloats);
+  glFeedbackBuffer(static_cast<GLsizei>(buffer.size()), GL_4D_COLOR_TEXTURE, buffer.data());
+  glRenderMode(GL_FEEDBACK);
+  draw();
+  const GLint count = glRenderMode(GL_RENDER);
+  EXPECT_GE(count, 0) << "the feedback buffer is too small";
+  return FeedbackReader(buffer, static_cast<std::size_t>(std::max(count, 0))).Read();
+}
+
+std::vector<FeedbackPrimitive> OfKind(const std::vector<FeedbackPrimitive>& primitives,
+                                      FeedbackPrimitive::Kind kind) {
+  std::vector<FeedbackPrimitive> chosen;
+  std::copy_if(primitives.begin(), primitives.end(), std::back_inserter(chosen),
+               [kind](const FeedbackPrimitive& primitive) { return primitive.kind == kind; });
+  return chosen;
+}
+
+std::string ToTranscript(const std::vector<FeedbackPrimitive>& primitives) {
+  constexpr double kPixelUnit = 0.1;
+  constexpr double kFineUnit = 0.001;
+  std::ostringstream text;
+  text << std::fixed;
+  for (const FeedbackPrimitive& primitive : primitives) {
+    constexpr const char* kNames[] = {"point", "line", "polygon"};
+    text << kNames[static_cast<int>(primitive.kind)];
+    if (!primitive.vertices.empty()) {
+      const FeedbackVertex& first = primitive.vertices.front();
+      text << std::setprecision(3) << " " << Plain(first.red, kFineUnit) << " "
+           << Plain(first.green, kFineUnit) << " " << Plain(first.blue, kFineUnit);
+    }
+    for (const FeedbackVertex& vertex : primitive.vertices) {
+      text << std::setprecision(1) << " (" << Plain(vertex.x, kPixelUnit) << " "
+           << Plain(vertex.y, kPixelUnit) << std::setprecision(3) << " "
+           << Plain(vertex.z, kFineUnit) << ")";
+    }
+    text << "\n";
+  }
+  return text.str();
+}
+
+}  // namespace orvalix::test
