@@ -43,7 +43,7 @@ void COpenGL::GetOutputViewport(GLViewportType& viewport) const { viewport = m_o
 
 void COpenGL::SetColorMode(int mode) {
   m_colorMode = mode;
-  for (const GLenum capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
+  for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
     orvalix::SetCapability(static_cast<GLenum>(capability), mode != 0);
   }
 }

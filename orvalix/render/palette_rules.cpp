@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "orvalix/host/system_colors_internal.h"
 #include "orvalix/render/pixel_format_internal.h"
 
 namespace orvalix {
@@ -25,12 +26,7 @@ PaletteRules DefaultPaletteRules() {
           .twoBits = {0, 85, 170, 255},
           .oneBit = {0, 255},
           .overrideIndices = {0, 3, 24, 27, 64, 67, 88, 173, 181, 236, 247, 164, 91},
-          .systemEntries = {
-              {{0, 0, 0, 0},       {128, 0, 0, 0},     {0, 128, 0, 0},     {128, 128, 0, 0},
-               {0, 0, 128, 0},     {128, 0, 128, 0},   {0, 128, 128, 0},   {192, 192, 192, 0},
-               {192, 220, 192, 0}, {166, 202, 240, 0}, {255, 251, 240, 0}, {160, 160, 164, 0},
-               {128, 128, 128, 0}, {255, 0, 0, 0},     {0, 255, 0, 0},     {255, 255, 0, 0},
-               {0, 0, 255, 0},     {255, 0, 255, 0},   {0, 255, 255, 0},   {255, 255, 255, 0}}}};
+          .systemEntries = kSystemColors};
 }
 
 unsigned char ComponentFromIndex(const PaletteRules& rules, int index, unsigned bits,

@@ -1,0 +1,129 @@
+/// @file
+/// Reading and writing records. A class lists its persisted fields once, in file order, in a
+/// routine that takes either a RecordWriter or a RecordReader; both have the same members.
+///
+/// Numbers are little-endian (integers 32 bits, reals 64), colours and points their numbers in
+/// order, with nothing between the fields.
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "orvalix/foundation/value_types.h"
+#include "orvalix/host/host.h"
+
+namespace orvalix {
+
+/// Arrays of numbers, points and colours lie in memory as they do in files.
+template <class T>
+inline constexpr bool kIsStoredAsInMemory =
+    std::is_trivially_copyable_v<T>&& std::endian::native == std::endian::little;
+
+/// Gathers a record and writes it to an open file. Failing writes raise CFileException*.
+class RecordWriter {
+ public:
+  static constexpr bool kReading = false;
+
+  explicit RecordWriter(void* file);
+  RecordWriter(const RecordWriter&) = delete;
+  RecordWriter& operator=(const RecordWriter&) = delete;
+
+  void Field(const int& value);
+  void Field(const double& value);
+  void Field(const point3Dtype& value);
+  void Field(const RGBDType& value);
+  void Field(const GLViewportType& value);
+  void Field(const GLViewRType& value);
+  /// A length and the bytes of the text.
+  void Field(const CString& value);
+
+  /// The elements of an array of fixed size.
+  template <class T, std::size_t N>
+  void Fields(const std::array<T, N>& values) {
+    for (const T& value : values) Field(value);
+  }
+  /// The first `count` elements of an array whose number is known from an earlier field.
+  template <class T>
+  void Array(const std::vector<T>& values, int count) {
+    static_assert(kIsStoredAsInMemory<T>);
+    AppendBytes(values.data(), static_cast<std::size_t>(count) * sizeof(T));
+  }
+  /// A number of elements that follow.
+  void Count(const int& count, std::size_t leastBytesPerElement);
+  /// The record of an owned object.
+  template <class T>
+  void Child(const T& object) {
+    Flush();
+    object.Save(m_file);
+  }
+  /// Writes what has been gathered.
+  void Flush();
+
+ private:
+  void Append(std::uint64_t bits, unsigned bytes);
+  void AppendBytes(const void* data, std::size_t size);
+
+  void* m_file;
+  std::vector<unsigned char> m_bytes;
+};
+
+/// Reads a record from an open file. A field that the file no longer holds keeps its value, and so
+/// do all fields after it. Numbers of elements are held against what is left of the file before
+/// anything is allocated; numbers that can't be true, and failing reads, raise CFileException*.
+class RecordReader {
+ public:
+  static constexpr bool kReading = true;
+
+  explicit RecordReader(void* file);
+  RecordReader(const RecordReader&) = delete;
+  RecordReader& operator=(const RecordReader&) = delete;
+
+  void Field(int& value);
+  void Field(double& value);
+  void Field(point3Dtype& value);
+  void Field(RGBDType& value);
+  void Field(GLViewportType& value);
+  void Field(GLViewRType& value);
+  /// A text ends at its first zero byte.
+  void Field(CString& value);
+
+  template <class T, std::size_t N>
+  void Fields(std::array<T, N>& values) {
+    for (T& value : values) Field(value);
+  }
+  /// Makes `values` the next `count` elements. `count` comes from the file: it is not trusted.
+  template <class T>
+  void Array(std::vector<T>& values, int count) {
+    RequireRoom(count, sizeof(T));
+    static_assert(kIsStoredAsInMemory<T>);
+    std::vector<T> read(static_cast<std::size_t>(count));
+    const auto bytes = std::as_writable_bytes(std::span(read));
+    if (Take({reinterpret_cast<unsigned char*>(bytes.data()), bytes.size()})) {
+      values = std::move(read);
+    }
+  }
+  void Count(int& count, std::size_t leastBytesPerElement);
+  template <class T>
+  void Child(T& object) {
+    object.Load(m_file);
+  }
+
+ private:
+  /// Raises CFileException* unless `count` elements of that many bytes can still be in the file.
+  void RequireRoom(int count, std::size_t bytesPerElement) const;
+  /// Fills `bytes`; false, and no more reading, when the file no longer holds them.
+  bool Take(std::span<unsigned char> bytes);
+  template <class Number, std::size_t N>
+  bool TakeNumbers(std::array<Number, N>& numbers);
+
+  void* m_file;
+  bool m_ended = false;  ///< a field was missing: nothing more is read
+};
+
+}  // namespace orvalix

@@ -1,0 +1,122 @@
+#include "scenes/scenes.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "orvalix/orvalix.h"
+#include "scenes/csv_table.h"
+#include "support/feedback.h"
+#include "support/golden.h"
+#include "support/view_picture.h"
+
+namespace {
+
+using orvalix::CsvTable;
+using orvalix::Scene;
+
+constexpr int kWidth = 320;
+constexpr int kHeight = 240;
+
+class SceneTest : public ::testing::TestWithParam<Scene> {
+ protected:
+  SceneTest() {
+    window.CreateOffscreen(kWidth, kHeight);
+    view = std::make_unique<CChartView3D>(&window);
+    GetParam().build(*view, ORVALIX_DATA_FOLDER);
+    view->DrawViewScreen();
+  }
+
+  CWnd window;
+  std::unique_ptr<CChartView3D> view;
+};
+
+TEST_P(SceneTest, LooksAsStored) {
+  orvalix::test::ExpectGoldenPicture(orvalix::TakePicture(*view), GetParam().name);
+}
+
+TEST_P(SceneTest, DrawsTheStoredGeometry) {
+  const auto drawn = orvalix::test::CaptureFeedback([&] { view->DrawViewScreen(); });
+  orvalix::test::ExpectGoldenTranscript(orvalix::test::ToTranscript(drawn), GetParam().name);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, SceneTest,
+                         ::testing::ValuesIn(orvalix::Scenes().begin(), orvalix::Scenes().end()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Scenes, HaveDifferentNames) {
+  std::set<std::string> names;
+  for (const Scene& scene : orvalix::Scenes()) EXPECT_TRUE(names.insert(scene.name).second);
+  EXPECT_FALSE(names.empty());
+}
+
+class CsvFile {
+ public:
+  explicit CsvFile(const std::string& content)
+      : m_path(::testing::TempDir() + "orvalix_table.csv") {
+    std::ofstream(m_path) << content;
+  }
+  ~CsvFile() { std::remove(m_path.c_str()); }
+  const std::string& Path() const { return m_path; }
+
+ private:
+  std::string m_path;
+};
+
+std::string ErrorOf(const std::string& content) {
+  const CsvFile file(content);
+  try {
+    const CsvTable table(file.Path());
+    table.Column("b");
+  } catch (const std::runtime_error& error) {
+    return std::string(error.what()).substr(file.Path().size());
+  }
+  return "none";
+}
+
+TEST(CsvTable, ReadsColumnsByName) {
+  const CsvFile file("# a note\na,b\n1,-2.5\n3,4e2\n");
+  const CsvTable table(file.Path());
+  EXPECT_EQ(table.Column("a"), (std::vector<double>{1, 3}));
+  EXPECT_EQ(table.Column("b"), (std::vector<double>{-2.5, 400}));
+}
+
+TEST(CsvTable, SaysWhatIsWrongAndWhere) {
+  EXPECT_EQ(ErrorOf("a,b\n1,2\n"), "none");
+  EXPECT_EQ(ErrorOf("a,b\n1,2\n1\n"), ":3: expected 2 values, found 1");
+  EXPECT_EQ(ErrorOf("a,b\n1,x\n"), ":2: \"x\" is no number");
+  EXPECT_EQ(ErrorOf("a,b\n1,2y\n"), ":2: \"2y\" is no number");
+  EXPECT_EQ(ErrorOf("a,c\n1,2\n"), ": no column \"b\"");
+  EXPECT_THROW(CsvTable("/no/such/table.csv"), std::runtime_error);
+}
+
+TEST(GoldenPicture, ComparesByShareAndMean) {
+  orvalix::Picture a{.width = 2, .height = 1, .rgb = {10, 20, 30, 40, 50, 60}};
+  orvalix::Picture b = a;
+  EXPECT_EQ(orvalix::Compare(a, b).largest, 0);
+  b.rgb[4] = 53;
+  const auto difference = orvalix::Compare(a, b);
+  EXPECT_TRUE(difference.sameSize);
+  EXPECT_EQ(difference.largest, 3);
+  EXPECT_EQ(difference.mean, 0.5);            // 3 / 6 components
+  EXPECT_EQ(difference.differingShare, 0.5);  // one of two pixels
+  b.width = 1;
+  b.height = 2;
+  EXPECT_FALSE(orvalix::Compare(a, b).sameSize);
+  EXPECT_EQ(orvalix::SideBySide(a, a).width, 6);
+}
+
+TEST(GoldenPicture, SurvivesItsFile) {
+  const orvalix::Picture picture{.width = 2, .height = 1, .rgb = {10, 20, 30, 40, 50, 60}};
+  const std::string path = ::testing::TempDir() + "orvalix_picture.png";
+  orvalix::WritePng(picture, path);
+  EXPECT_EQ(orvalix::ReadPng(path), picture);
+  std::remove(path.c_str());
+  EXPECT_THROW(orvalix::ReadPng(path), std::runtime_error);
+  EXPECT_THROW(orvalix::WritePng(picture, "/no/such/folder/picture.png"), std::runtime_error);
+}
+
+}  // namespace

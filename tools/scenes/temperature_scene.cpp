@@ -1,0 +1,47 @@
+#include "scenes/temperature_scene.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "orvalix/orvalix.h"
+#include "scenes/csv_table.h"
+
+namespace orvalix {
+namespace {
+
+/// From blue (coldest) over a pale middle at 0 to red (warmest).
+RGBDType ColorOf(double anomaly) {
+  constexpr double kStrongest = 1.0;
+  const double share = std::clamp(anomaly / kStrongest, -1.0, 1.0);
+  const RGBDType pale = SetRGBD(0.95, 0.88, 0.74, 1.0);
+  const RGBDType end =
+      share < 0.0 ? SetRGBD(0.08, 0.32, 0.68, 1.0) : SetRGBD(0.78, 0.08, 0.09, 1.0);
+  const double t = share < 0.0 ? -share : share;
+  return SetRGBD(pale.red + t * (end.red - pale.red), pale.green + t * (end.green - pale.green),
+                 pale.blue + t * (end.blue - pale.blue), 1.0);
+}
+
+}  // namespace
+
+void BuildTemperatureScene(CChartView3D& view, const std::string& dataFolder) {
+  const CsvTable table(dataFolder + "/temperature.csv");
+  std::vector<double> years = table.Column("year");
+  std::vector<double> anomalies = table.Column("anomaly_c");
+
+  view.EnableBorder(0);
+  CTransform3D* transform = nullptr;
+  CChart3D* chart = view.NewChart3D({1879.0, 0.0, -0.6, 0.0}, {2024.0, 1.0, 1.3, 0.0}, &transform);
+  chart->EnableBorder(0);
+  chart->SetChartBkColor(SetRGBD(0.97, 0.97, 0.98, 1.0));
+  transform->SetChartRect({0.92, 0.12, 0.8, 0.0});
+  transform->SetRotate({-14.0, 0.0, 8.0, 0.0});
+
+  CChartObj3D* bars = chart->NewChartObj(transform);
+  bars->BarChart25D(years.data(), anomalies.data(), 0.0, 0.5, static_cast<int>(years.size()), 0.82,
+                    1.0, SetRGBD(0.8, 0.8, 0.8, 1.0), SetRGBD(0.25, 0.25, 0.3, 1.0), 1, 1, 0);
+  std::vector<RGBDType> colors;
+  for (const double anomaly : anomalies) colors.push_back(ColorOf(anomaly));
+  bars->InitSegmentColorsStorage(colors.data());
+}
+
+}  // namespace orvalix
