@@ -1,0 +1,3 @@
+#pragma once
+
+#include "orvalix/foundation/value_types.h"

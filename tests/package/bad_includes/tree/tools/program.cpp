@@ -1,0 +1,2 @@
+#include "orvalix/foundation/record_internal.h"
+#include "orvalix/orvalix.h"
