@@ -59,14 +59,15 @@ class ORVALIX_API CWnd {
   /// The smallest rectangle around all that waits to be redrawn, all 0 when nothing does.
   /// @param rect receives it; may be null
   /// @return TRUE when something waits
-  BOOL GetUpdateRect(RECT* rect, BOOL erase = FALSE);
+  BOOL GetUpdateRect(RECT* rect, BOOL erase = FALSE) const;
   /// Takes back what waits to be redrawn, when `rect` covers all of it; null for the whole.
   void ValidateRect(const RECT* rect);
   /// Addition: how often InvalidateRect() was called since the off-screen window was made.
-  int GetInvalidateCount() const;
+  UINT GetInvalidateCount() const;
 
   HWND m_hWnd = nullptr;  ///< the handle; null while there is no window
 
  private:
+  UINT m_invalidateCount = 0;                             ///< calls of InvalidateRect()
   std::unique_ptr<orvalix::OffscreenWindow> m_offscreen;  ///< null for other toolkits' windows
 };
