@@ -6,6 +6,7 @@
 
 #include "orvalix/foundation/err_3d.h"
 #include "orvalix/foundation/record_internal.h"
+#include "orvalix/foundation/throw_error_internal.h"
 
 namespace orvalix {
 

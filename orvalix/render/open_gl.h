@@ -205,10 +205,10 @@ class ORVALIX_API COpenGL {
   /// @return the number of fonts
   /// @throws CErr3D type 3, class 17, "NewFont3D"
   int NewFont3D();
-  /// CFont3D::RegisterFont of the current font, after making a font when there is none. The
-  /// five-argument form passes 0 for the last argument.
+  /// CFont3D::RegisterFont of the current font, after making a font when there is none; without
+  /// underline in the five-argument form.
   /// @return nonzero on success; 0 also when the current index names no font
-  int RegisterFont(CString const& face, double scale, int weight, int italic, int underline);
+  int RegisterFont(CString const& face, double scale, int weight, int italic, int numChars);
   int RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                    int numChars);
   /// The current font; null when the current index names none.

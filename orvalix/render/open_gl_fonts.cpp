@@ -22,8 +22,8 @@ int COpenGL::NewFont3D() {
 }
 
 int COpenGL::RegisterFont(CString const& face, double scale, int weight, int italic,
-                          int underline) {
-  return RegisterFont(face, scale, weight, italic, underline, 0);
+                          int numChars) {
+  return RegisterFont(face, scale, weight, italic, 0, numChars);
 }
 
 int COpenGL::RegisterFont(CString const& face, double scale, int weight, int italic, int underline,

@@ -186,8 +186,8 @@ TEST(OpenGL, ForwardsToTheCurrentFont) {
   EXPECT_EQ(target.gl->GetFontScaleFactor(), 0.05);
   target.gl->RegisterFont("Arial", 0.2, 400, 1, 1, 99);
   EXPECT_EQ(target.gl->GetFont()->GetNumFontChars(), 99);
-  target.gl->RegisterFont("Arial", 0.2, 400, 1, 1);  // the last argument is then 0
-  EXPECT_EQ(target.gl->GetFont()->GetNumFontChars(), 0);
+  target.gl->RegisterFont("Arial", 0.2, 400, 1, 60);  // without underline
+  EXPECT_EQ(target.gl->GetFont()->GetNumFontChars(), 60);
   for (const int index : {-1, 2, 1000000}) {
     target.gl->SetCurrentFont(index);
     EXPECT_EQ(target.gl->GetFont(), nullptr);

@@ -51,7 +51,7 @@ TEST_F(Polygons, SendOneUnnormalisedNormal) {
 TEST_F(Polygons, AreLitByTheirNormal) {
   gl.LoadIdentity();
   gl.SetLightPosition({0, 0, 1, 0});  // from above: OpenGL's +y
-  for (const GLenum light : {GL_POSITION, GL_DIFFUSE}) gl.LoadLight(static_cast<int>(light));
+  for (const int light : {GL_POSITION, GL_DIFFUSE}) gl.LoadLight(light);
   gl.SetLightComponent(12345, SetRGBD(0.25, 0.25, 0.25, 1));
   gl.SetLightComponent(GL_AMBIENT, SetRGBD(0, 0, 0, 1));
   gl.LoadLight(GL_AMBIENT);
