@@ -28,6 +28,7 @@ install(FILES ${PROJECT_BINARY_DIR}/package/ORVALIXConfig.cmake
 
 # The installed tree can be moved: its files find each other relative to where they lie.
 file(RELATIVE_PATH ORVALIX_PC_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+string(REGEX REPLACE "/$" "" ORVALIX_PC_PREFIX "${ORVALIX_PC_PREFIX}")
 set(ORVALIX_PC_CFLAGS "-I\${includedir}")
 set(ORVALIX_PC_REQUIRES "")
 if(NOT BUILD_SHARED_LIBS)

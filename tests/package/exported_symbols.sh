@@ -21,7 +21,8 @@ FNR == NR {
   # The address sanitizer marks each exported variable with one of its own.
   if (symbol ~ /^__odr_asan/) next
   name = symbol
-  sub(/^(vtable|VTT|typeinfo|typeinfo name) for /, "", name)
+  # Type information also stands for pointers to a class, which can be thrown.
+  if (sub(/^(vtable|VTT|typeinfo|typeinfo name) for /, "", name)) sub(/( const)?\*$/, "", name)
   sub(/^(guard variable for|(non-)?virtual thunk to) /, "", name)
   sub(/\(.*$/, "", name)
   sub(/::.*$/, "", name)

@@ -1,2 +1,2 @@
-#  include <orvalix/axes/axis_3d.h>
+#include <orvalix/axes/axis_3d.h>
 #include "orvalix/surface/polysurface.h"
