@@ -26,8 +26,7 @@ function(orvalix_add_layer name)
   set(objects orvalix_${name}_objects)
   add_library(${objects} OBJECT ${LAYER_SOURCES})
   set_target_properties(${objects} PROPERTIES POSITION_INDEPENDENT_CODE ON
-                        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
-                        CXX_EXTENSIONS OFF)
+                        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_include_directories(${objects} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${objects} PRIVATE orvalix_options ${LAYER_LIBRARIES})
 
@@ -40,14 +39,20 @@ function(orvalix_add_layer name)
   set_property(GLOBAL APPEND PROPERTY ORVALIX_LIBRARIES ${LAYER_LIBRARIES})
 endfunction()
 
-# orvalix_add_test(<name> LAYER <layer> SOURCES <file>... [LIBRARIES <target>...])
+# orvalix_add_test(<name> [LAYER <layer>] SOURCES <file>... [LIBRARIES <target>...])
 #
-# One GoogleTest program named test_<name>; each of its cases becomes one CTest test.
+# One GoogleTest program named test_<name>; each of its cases becomes one CTest test. It sees the
+# inside of a layer and of those below, or, without LAYER, what programs see: the library.
 function(orvalix_add_test name)
   cmake_parse_arguments(TEST "" "LAYER" "SOURCES;LIBRARIES" ${ARGN})
+  if(TEST_LAYER)
+    set(library orvalix_${TEST_LAYER})
+  else()
+    set(library ORVALIX::ORVALIX)
+  endif()
   add_executable(test_${name} ${TEST_SOURCES})
-  set_target_properties(test_${name} PROPERTIES CXX_EXTENSIONS OFF)
-  target_link_libraries(test_${name} PRIVATE orvalix_${TEST_LAYER} ${TEST_LIBRARIES} orvalix_options
+  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(test_${name} PRIVATE ${library} ${TEST_LIBRARIES} orvalix_options
                         GTest::gmock_main)
   gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 300 ENVIRONMENT "${ORVALIX_TEST_ENVIRONMENT}")
