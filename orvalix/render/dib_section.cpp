@@ -15,6 +15,12 @@ constexpr WORD kBitmapFileType = 0x4D42;  // the letters B and M
 /// File header, information header and colour table: where the pixels start.
 constexpr DWORD kPixelOffset = 14 + 40 + kColors * 4;
 
+/// What a bitmap is made from: BITMAPINFO with the colours of an 8-bit bitmap, black at first.
+struct SectionInfo {
+  BITMAPINFOHEADER header;
+  std::array<RGBQUAD, kColors> colors;
+};
+
 /// Bytes of a row: whole groups of four.
 std::int64_t RowBytes(int bitCount, int width) {
   return ((std::int64_t{bitCount} * width + 31) >> 5) * 4;
@@ -46,16 +52,17 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   m_targetDC = targetDC;
   if (windowDC == nullptr) return;
   const int bitCount = windowDC->GetDeviceCaps(BITSPIXEL) * windowDC->GetDeviceCaps(PLANES);
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = static_cast<WORD>(bitCount);
-  info.bmiHeader.biCompression = BI_RGB;
-  info.bmiHeader.biSizeImage = static_cast<DWORD>(RowBytes(bitCount, width) * height);
-  m_header = info.bmiHeader;
-  m_bitmap = CreateDIBSection(windowDC->GetSafeHdc(), &info, DIB_RGB_COLORS, &m_bits, nullptr, 0);
+  SectionInfo info{};
+  info.header.biSize = sizeof(BITMAPINFOHEADER);
+  info.header.biWidth = width;
+  info.header.biHeight = height;
+  info.header.biPlanes = 1;
+  info.header.biBitCount = static_cast<WORD>(bitCount);
+  info.header.biCompression = BI_RGB;
+  info.header.biSizeImage = static_cast<DWORD>(RowBytes(bitCount, width) * height);
+  m_header = info.header;
+  m_bitmap = CreateDIBSection(windowDC->GetSafeHdc(), reinterpret_cast<const BITMAPINFO*>(&info),
+                              DIB_RGB_COLORS, &m_bits, nullptr, 0);
 }
 
 BITMAPINFOHEADER CDIBSection::GetDIBHeader() const {
@@ -75,8 +82,8 @@ int CDIBSection::StorageWidth() const {
 
 unsigned short CDIBSection::DIBNumColors(const BITMAPINFOHEADER& header) const {
   if (header.biClrUsed != 0) return static_cast<unsigned short>(header.biClrUsed);
-  const bool hasTable = header.biBitCount >= 1 && header.biBitCount <= kPaletteBits;
-  return hasTable ? static_cast<unsigned short>(1U << header.biBitCount) : 0;
+  if (header.biBitCount < 1 || header.biBitCount > kPaletteBits) return 0;
+  return static_cast<unsigned short>(1U << header.biBitCount);
 }
 
 unsigned short CDIBSection::PaletteSize(const BITMAPINFOHEADER& header) const {

