@@ -107,15 +107,11 @@ class PolygonMerger {
            SamePlace(polygon.back(), triangle[1]);
   }
 
-  /// Solids repeat the first vertex of a face at its end. A face that has shrunk to one point, as
-  /// at an apex, is closed when it has its five vertices.
+  /// Solids repeat the first vertex of a face at its end. Faces that have shrunk, as at an apex, may
+  /// come back to it earlier, so that only the fifth vertex tells.
   static bool IsClosed(const std::vector<FeedbackVertex>& polygon) {
     constexpr std::size_t kVerticesOfAFace = 5;
-    if (polygon.size() < 4 || !SamePlace(polygon.front(), polygon.back())) return false;
-    const bool isOnePoint = std::all_of(
-        polygon.begin(), polygon.end(),
-        [&](const FeedbackVertex& vertex) { return SamePlace(vertex, polygon.front()); });
-    return !isOnePoint || polygon.size() >= kVerticesOfAFace;
+    return polygon.size() >= kVerticesOfAFace && SamePlace(polygon.front(), polygon.back());
   }
 
   bool m_inFan = false;  ///< the last primitive is made of triangles
