@@ -1,7 +1,7 @@
 /// @file
 /// Building and converting colours. Nothing is clamped or rounded: a component outside 0 to 1
-/// wraps when it becomes a byte (1.2 becomes 50), a fraction is cut off. What can't be a number of
-/// that kind at all (undefined, or beyond 64 bits) becomes 0.
+/// wraps when it becomes a byte (1.2 becomes 50), a fraction is cut off. An undefined or infinite
+/// component becomes 0, and so does one beyond 64 bits, whose low 8 bits are 0 anyway.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,13 @@
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/export.h"
 
+/// The colour of these components, as they are.
 ORVALIX_API RGBDType SetRGBD(double red, double green, double blue, double alpha);
+/// The colour of these components, as they are.
 ORVALIX_API RGBFType SetRGBF(float red, float green, float blue, float alpha);
+/// Each component as a float.
 ORVALIX_API RGBFType RGBDtoRGBF(RGBDType const& color);
+/// Each component as a double.
 ORVALIX_API RGBDType RGBFtoRGBD(RGBFType const& color);
 /// Each component times 255, its fraction cut off, its low 8 bits kept.
 ORVALIX_API RGBBType RGBDtoRGBB(RGBDType const& color);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <new>
 
 namespace {
 
@@ -33,6 +34,15 @@ const char* MessageOf(int type) {
   return kMessages[static_cast<std::size_t>(type)];
 }
 
+/// A copy of a location; an empty one when memory runs out.
+CString CopyOf(const CString& location) noexcept {
+  try {
+    return location;
+  } catch (const std::bad_alloc&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 int CErr3D::nErrorReportMode = kShowMessages;
@@ -40,8 +50,18 @@ int CErr3D::nErrorReportMode = kShowMessages;
 CErr3D::CErr3D() { InitErr3DDefaults(); }
 
 CErr3D::CErr3D(CErr3DTypes type, CErr3DClass errClass, const CString& location)
-    : m_class(errClass), m_type(type), m_location(location) {
+    : m_class(errClass), m_type(type), m_location(CopyOf(location)) {
   if (nErrorReportMode == kShowMessages) AfxMessageBox(MessageOf(type), MB_OK, 0);
+}
+
+CErr3D::CErr3D(const CErr3D& other) noexcept
+    : m_class(other.m_class), m_type(other.m_type), m_location(CopyOf(other.m_location)) {}
+
+CErr3D& CErr3D::operator=(const CErr3D& other) noexcept {
+  m_class = other.m_class;
+  m_type = other.m_type;
+  m_location = CopyOf(other.m_location);
+  return *this;
 }
 
 void CErr3D::InitErr3DDefaults() {

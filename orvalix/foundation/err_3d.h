@@ -5,7 +5,7 @@
 #include "orvalix/host/host.h"
 
 /// What went wrong. The numbers are fixed.
-enum CErr3DTypes {
+enum CErr3DTypes : int {
   ERR3D_NOT_AN_ERROR = 0,
   ERR3D_MEM_ALLOC = 1,
   ERR3D_ARRAY_NEW = 2,   ///< an array of values could not be allocated
@@ -29,7 +29,7 @@ enum CErr3DTypes {
 };
 
 /// The class in which it went wrong. The numbers are fixed, gaps included.
-enum CErr3DClass {
+enum CErr3DClass : int {
   ERR3DCLASS_AUXOBJ3D = 0,
   ERR3DCLASS_AXES3D = 1,
   ERR3DCLASS_AXIS3D = 2,
@@ -63,15 +63,21 @@ class ORVALIX_API CErr3D {
   /// Class 12, type 0, no location; shows nothing.
   CErr3D();
   /// Shows the message of `type` when the report mode is 1.
+  /// @param location name of the operation, without its class; empty when memory runs out
   CErr3D(CErr3DTypes type, CErr3DClass errClass, const CString& location);
-  /// Copies show nothing.
-  CErr3D(const CErr3D&) = default;
-  CErr3D& operator=(const CErr3D&) = default;
+  /// Copies show nothing. One for whose location memory runs out has an empty location: an error
+  /// on its way to whoever catches it must not turn into another.
+  CErr3D(const CErr3D& other) noexcept;
+  /// As the copy constructor.
+  CErr3D& operator=(const CErr3D& other) noexcept;
 
   /// Makes this the default error.
   void InitErr3DDefaults();
+  /// What went wrong.
   CErr3DTypes GetErrorType() const;
+  /// The class in which it went wrong.
   CErr3DClass GetErrorClass() const;
+  /// Name of the operation that found the error, without its class.
   CString GetErrorLocation() const;
   /// The message of `type`, not of this error; "Unknown Error" for a number without one.
   CString GetErrorDescription(CErr3DTypes type) const;
@@ -81,7 +87,7 @@ class ORVALIX_API CErr3D {
   static int nErrorReportMode;  ///< see SetErrorReportMode(); 1 at first
 
  private:
-  CErr3DClass m_class;
-  CErr3DTypes m_type;
-  CString m_location;  ///< name of the operation that found the error
+  CErr3DClass m_class;  ///< where it went wrong
+  CErr3DTypes m_type;   ///< what went wrong
+  CString m_location;   ///< name of the operation that found the error
 };

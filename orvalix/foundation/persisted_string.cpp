@@ -1,16 +1,21 @@
 #include "orvalix/foundation/persisted_string.h"
 
 #include "orvalix/foundation/record_internal.h"
+#include "orvalix/foundation/throw_error_internal.h"
 
 void WriteCString(void* file, CString const& s) {
   if (file == nullptr) return;
-  orvalix::RecordWriter writer(file);
-  writer.Field(s);
-  writer.Flush();
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_NONE, "WriteCString", [&] {
+    orvalix::RecordWriter writer(file);
+    writer.Field(s);
+    writer.Flush();
+  });
 }
 
 void ReadCString(void* file, CString& s) {
   if (file == nullptr) return;
-  orvalix::RecordReader reader(file);
-  reader.Field(s);
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_NONE, "ReadCString", [&] {
+    orvalix::RecordReader reader(file);
+    reader.Field(s);
+  });
 }

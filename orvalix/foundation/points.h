@@ -13,12 +13,16 @@ ORVALIX_API void getpoint3D(point3Dtype const& p, double* x, double* y, double* 
 ORVALIX_API double GetCoord3D(point3Dtype& p, int axis);
 /// Sets x (axis 0), y (1) or z (2); any other axis changes nothing.
 ORVALIX_API void coordassign(point3Dtype& p, int axis, double value);
+/// Fills the four fields in order, in pixels.
 ORVALIX_API void AssignViewport(GLViewportType& viewport, int x, int y, int width, int height);
+/// Fills the four fields in order, in fractions of the view.
 ORVALIX_API void AssignViewR(GLViewRType& viewport, double x, double y, double width,
                              double height);
 /// Exchanges two whole points, v included.
 ORVALIX_API void swap3Dpoints(point3Dtype& a, point3Dtype& b);
+/// Exchanges two integers.
 ORVALIX_API void swapints(int& a, int& b);
+/// Exchanges two numbers.
 ORVALIX_API void swapreals(double& a, double& b);
 
 /// out = a - b; v of `out` is left as it was.

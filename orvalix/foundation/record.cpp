@@ -1,7 +1,6 @@
+#include <algorithm>
 #include <bit>
-#include <cstring>
-#include <string>
-#include <utility>
+#include <limits>
 
 #include "orvalix/foundation/record_internal.h"
 #include "orvalix/host/file_handle_internal.h"
@@ -9,8 +8,11 @@
 namespace orvalix {
 namespace {
 
-/// Arrays from this size on are written as they lie, without gathering them first.
-constexpr std::size_t kLargeBlock = std::size_t{1} << 16;
+/// Bytes that are gathered at most, and read at once from files of unknown length.
+constexpr std::size_t kBlock = std::size_t{1} << 16;
+
+/// What BytesLeft() says of a pipe or a device.
+constexpr std::uint64_t kUnknownLength = std::numeric_limits<std::uint64_t>::max();
 
 /// The bits of a number, wide enough for every kind.
 std::uint64_t BitsOf(int value) { return static_cast<std::uint32_t>(value); }
@@ -33,12 +35,18 @@ void RecordWriter::Append(std::uint64_t bits, unsigned bytes) {
 
 void RecordWriter::AppendBytes(const void* data, std::size_t size) {
   const auto* bytes = static_cast<const unsigned char*>(data);
-  if (size < kLargeBlock) {
+  if (m_bytes.size() + size > kBlock) Flush();
+  if (size <= kBlock) {
     m_bytes.insert(m_bytes.end(), bytes, bytes + size);
-    return;
+  } else {
+    WriteToHandle(m_file, bytes, size);
   }
-  Flush();
-  WriteToHandle(m_file, bytes, size);
+}
+
+void RecordWriter::RequireElements(int count, std::size_t elements) {
+  if (count < 0 || static_cast<std::size_t>(count) > elements) {
+    AfxThrowFileException(CFileException::genericException);
+  }
 }
 
 void RecordWriter::Field(const int& value) { Append(BitsOf(value), sizeof(int)); }
@@ -127,10 +135,9 @@ void RecordReader::Field(GLViewRType& value) {
 void RecordReader::Field(CString& value) {
   std::array<int, 1> length;
   if (!TakeNumbers(length)) return;
-  RequireRoom(length[0], 1);
-  std::vector<unsigned char> text(static_cast<std::size_t>(length[0]) + 1, 0);
-  if (!Take(std::span(text).first(text.size() - 1))) return;
-  value = reinterpret_cast<const char*>(text.data());
+  const std::vector<char> text = TakeElements<char>(length[0]);
+  const auto end = std::find(text.begin(), text.end(), '\0');
+  value = CString(text.data(), static_cast<int>(end - text.begin()));
 }
 
 void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
@@ -140,11 +147,14 @@ void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
   count = number[0];
 }
 
-void RecordReader::RequireRoom(int count, std::size_t bytesPerElement) const {
-  const std::uint64_t left = m_ended ? 0 : BytesLeft(m_file);
-  if (count < 0 || static_cast<std::uint64_t>(count) > left / bytesPerElement) {
-    throw new CFileException(CFileException::endOfFile);
-  }
+std::size_t RecordReader::RequireRoom(int count, std::size_t bytesPerElement) const {
+  const std::size_t bytes = std::max<std::size_t>(bytesPerElement, 1);
+  const std::uint64_t left = BytesLeft(m_file);
+  if (count < 0 || static_cast<std::uint64_t>(count) > left / bytes) ThrowEnd();
+  if (left == kUnknownLength) return std::max<std::size_t>(kBlock / bytes, 1);
+  return static_cast<std::size_t>(count);
 }
+
+void RecordReader::ThrowEnd() { AfxThrowFileException(CFileException::endOfFile); }
 
 }  // namespace orvalix

@@ -6,6 +6,7 @@
 /// order, with nothing between the fields.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -48,10 +49,12 @@ class RecordWriter {
   void Fields(const std::array<T, N>& values) {
     for (const T& value : values) Field(value);
   }
-  /// The first `count` elements of an array whose number is known from an earlier field.
+  /// The first `count` elements of an array whose number is known from an earlier field. An array
+  /// that doesn't hold them raises CFileException*: such a file could not be read again.
   template <class T>
   void Array(const std::vector<T>& values, int count) {
     static_assert(kIsStoredAsInMemory<T>);
+    RequireElements(count, values.size());
     AppendBytes(values.data(), static_cast<std::size_t>(count) * sizeof(T));
   }
   /// A number of elements that follow.
@@ -68,9 +71,11 @@ class RecordWriter {
  private:
   void Append(std::uint64_t bits, unsigned bytes);
   void AppendBytes(const void* data, std::size_t size);
+  /// Raises CFileException* unless `count` is a number of elements that are there.
+  static void RequireElements(int count, std::size_t elements);
 
-  void* m_file;
-  std::vector<unsigned char> m_bytes;
+  void* m_file;                        ///< handle of the open file, not owned
+  std::vector<unsigned char> m_bytes;  ///< gathered and not yet written
 };
 
 /// Reads a record from an open file. A field that the file no longer holds keeps its value, and so
@@ -93,6 +98,7 @@ class RecordReader {
   /// A text ends at its first zero byte.
   void Field(CString& value);
 
+  /// The elements of an array of fixed size.
   template <class T, std::size_t N>
   void Fields(std::array<T, N>& values) {
     for (T& value : values) Field(value);
@@ -100,15 +106,11 @@ class RecordReader {
   /// Makes `values` the next `count` elements. `count` comes from the file: it is not trusted.
   template <class T>
   void Array(std::vector<T>& values, int count) {
-    RequireRoom(count, sizeof(T));
-    static_assert(kIsStoredAsInMemory<T>);
-    std::vector<T> read(static_cast<std::size_t>(count));
-    const auto bytes = std::as_writable_bytes(std::span(read));
-    if (Take({reinterpret_cast<unsigned char*>(bytes.data()), bytes.size()})) {
-      values = std::move(read);
-    }
+    if (!m_ended) values = TakeElements<T>(count);
   }
+  /// A number of elements that follow, each of at least that many bytes.
   void Count(int& count, std::size_t leastBytesPerElement);
+  /// The record of an owned object.
   template <class T>
   void Child(T& object) {
     object.Load(m_file);
@@ -116,13 +118,30 @@ class RecordReader {
 
  private:
   /// Raises CFileException* unless `count` elements of that many bytes can still be in the file.
-  void RequireRoom(int count, std::size_t bytesPerElement) const;
+  /// @return how many to read at once: all that are known to be there, else a block
+  std::size_t RequireRoom(int count, std::size_t bytesPerElement) const;
   /// Fills `bytes`; false, and no more reading, when the file no longer holds them.
   bool Take(std::span<unsigned char> bytes);
   template <class Number, std::size_t N>
   bool TakeNumbers(std::array<Number, N>& numbers);
+  /// The next `count` elements; raises CFileException* when the file doesn't hold them.
+  template <class T>
+  std::vector<T> TakeElements(int count) {
+    static_assert(kIsStoredAsInMemory<T>);
+    const std::size_t atOnce = RequireRoom(count, sizeof(T));
+    std::vector<T> elements;
+    for (auto left = static_cast<std::size_t>(count); left > 0;) {
+      const std::size_t block = std::min(left, atOnce);
+      elements.resize(elements.size() + block);
+      const auto bytes = std::as_writable_bytes(std::span(elements).last(block));
+      if (!Take({reinterpret_cast<unsigned char*>(bytes.data()), bytes.size()})) ThrowEnd();
+      left -= block;
+    }
+    return elements;
+  }
+  [[noreturn]] static void ThrowEnd();
 
-  void* m_file;
+  void* m_file;          ///< handle of the open file, not owned
   bool m_ended = false;  ///< a field was missing: nothing more is read
 };
 

@@ -10,7 +10,8 @@
 
 namespace orvalix {
 
-/// Throws the error; the one place for a breakpoint.
+/// Throws the error; the one place for a breakpoint. The error tells no place when there is no
+/// memory for its name.
 [[noreturn]] void ThrowError(CErr3DTypes type, CErr3DClass errorClass, const char* place);
 
 /// Runs `work`; when memory runs out (or an array can't be that long), throws the given error.

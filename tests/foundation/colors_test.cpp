@@ -50,6 +50,15 @@ TEST(Colors, WhatIsNoNumberOfBytesIsZero) {
   EXPECT_EQ(b.alpha, 0);
 }
 
+TEST(Colors, BytesOfLargeNumbersWrapToo) {
+  // 2^32 * 255 has no low bits; (2^32 + 1) * 255 = 2^32 * 255 + 255; -256 / 255 * 255 = -256.
+  const RGBBType b = RGBDtoRGBB(SetRGBD(4294967296.0, 4294967297.0, -1.0, -256.0 / 255.0));
+  EXPECT_EQ(b.red, 0);
+  EXPECT_EQ(b.green, 255);
+  EXPECT_EQ(b.blue, 1);  // -255 = 1 - 256
+  EXPECT_EQ(b.alpha, 0);
+}
+
 TEST(Colors, PackIntoAnInteger) {
   EXPECT_EQ(RGBDtoCOLORREF(SetRGBD(1.0, 0.5, 0.0, 0.7)), 0x00007FFFU);
   EXPECT_EQ(RGBDtoCOLORREF(SetRGBD(1.2, 0.0, 0.0, 1.0)), 50U);

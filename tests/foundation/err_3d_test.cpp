@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "orvalix/foundation/throw_error_internal.h"
+#include "support/allocation_failure.h"
 #include "support/caught_error.h"
 
 namespace {
@@ -99,22 +100,86 @@ TEST_F(Err3D, HasAMessageForEveryType) {
   for (std::size_t i = 0; i < messages.size(); ++i) {
     EXPECT_STREQ(error.GetErrorDescription(static_cast<CErr3DTypes>(i)), messages[i]) << i;
   }
-  for (const int unknown : {20, -1}) {
+  for (const int unknown : {20, 1000, -1, -2147483647}) {
     EXPECT_STREQ(error.GetErrorDescription(static_cast<CErr3DTypes>(unknown)), "Unknown Error");
   }
 }
 
+TEST_F(Err3D, ShowsTheMessageAlone) {
+  const CErr3D unknown(static_cast<CErr3DTypes>(77), ERR3DCLASS_CHART3D, "Load");
+  const CErr3D none(ERR3D_NOT_AN_ERROR, ERR3DCLASS_CHART3D, "Load");
+  EXPECT_EQ(Shown(), (std::vector<std::string>{"Unknown Error", "Not an error"}));
+  EXPECT_EQ(unknown.GetErrorType(), 77);
+}
+
+int timesShown = 0;
+
+int CountShown(const char*) {
+  ++timesShown;
+  return IDOK;
+}
+
+// Longer than what a string holds without memory of its own.
+constexpr const char* kLongPlace = "TheLongestNameOfAnOperation";
+
+TEST_F(Err3D, IsThrownWithoutMemoryForItsPlace) {
+  SetMessageBoxHandler(CountShown);
+  timesShown = 0;
+  int type = -1;
+  int errorClass = -1;
+  int placeLength = -1;
+  {
+    const orvalix::test::AllocationFailure failure(1, orvalix::test::Failing::kFromThen);
+    try {
+      orvalix::ThrowError(ERR3D_OBJECT_NEW, ERR3DCLASS_FONT3D, kLongPlace);
+    } catch (CErr3D& error) {
+      type = error.GetErrorType();
+      errorClass = error.GetErrorClass();
+      placeLength = error.GetErrorLocation().GetLength();
+    }
+  }
+  EXPECT_EQ(type, ERR3D_OBJECT_NEW);
+  EXPECT_EQ(errorClass, ERR3DCLASS_FONT3D);
+  EXPECT_EQ(placeLength, 0);
+  EXPECT_EQ(timesShown, 1);
+}
+
+TEST_F(Err3D, ArrivesWhicheverAllocationFails) {
+  CErr3D::nErrorReportMode = 0;
+  const int failures = orvalix::test::FailEachAllocation([] {
+    try {
+      orvalix::ThrowError(ERR3D_OBJECT_NEW, ERR3DCLASS_FONT3D, kLongPlace);
+    } catch (CErr3D caughtByValue) {  // NOLINT: programs do
+      CErr3D assigned;
+      assigned = caughtByValue;
+      EXPECT_EQ(assigned.GetErrorType(), ERR3D_OBJECT_NEW);
+      EXPECT_EQ(assigned.GetErrorClass(), ERR3DCLASS_FONT3D);
+    }
+  });
+  EXPECT_EQ(failures, 4);  // the place, its copy in the error, and those of the two copies
+}
+
 TEST_F(Err3D, NumbersAreFixed) {
-  EXPECT_EQ(ERR3D_BAD_POLYSURFACE, 19);
-  EXPECT_EQ(ERR3D_CDC_PARAMETER, 14);
-  EXPECT_EQ(ERR3DCLASS_AUXOBJ3D, 0);
-  EXPECT_EQ(ERR3DCLASS_CHARTVIEW3D, 6);
-  EXPECT_EQ(ERR3DCLASS_RESERVED7, 7);
-  EXPECT_EQ(ERR3DCLASS_DIBSECTION, 9);
-  EXPECT_EQ(ERR3DCLASS_RESERVED11, 11);
-  EXPECT_EQ(ERR3DCLASS_NONE, 12);
-  EXPECT_EQ(ERR3DCLASS_OPENGL, 17);
-  EXPECT_EQ(ERR3DCLASS_TRANSFORM3D, 20);
+  const std::array<int, 20> types{ERR3D_NOT_AN_ERROR,     ERR3D_MEM_ALLOC,
+                                  ERR3D_ARRAY_NEW,        ERR3D_OBJECT_NEW,
+                                  ERR3D_NULL_POINTER,     ERR3D_FILE_OPEN_INPUT,
+                                  ERR3D_FILE_OPEN_OUTPUT, ERR3D_DISK_IO,
+                                  ERR3D_DIB_HANDLE,       ERR3D_PRINT_DC,
+                                  ERR3D_PARAMETER,        ERR3D_CWND_PARAMETER,
+                                  ERR3D_CVIEW_PARAMETER,  ERR3D_CHARTVIEW_PARAMETER,
+                                  ERR3D_CDC_PARAMETER,    ERR3D_TRANSFORM_PARAMETER,
+                                  ERR3D_OPENGL_PARAMETER, ERR3D_FONT_PARAMETER,
+                                  ERR3D_PIXEL_FORMAT,     ERR3D_BAD_POLYSURFACE};
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(types[static_cast<std::size_t>(i)], i);
+  const std::array<int, 21> classes{
+      ERR3DCLASS_AUXOBJ3D,     ERR3DCLASS_AXES3D,      ERR3DCLASS_AXIS3D,
+      ERR3DCLASS_AXISLABELS3D, ERR3DCLASS_CHART3D,     ERR3DCLASS_CHARTOBJ3D,
+      ERR3DCLASS_CHARTVIEW3D,  ERR3DCLASS_RESERVED7,   ERR3DCLASS_DIB,
+      ERR3DCLASS_DIBSECTION,   ERR3DCLASS_DIBOBJ3D,    ERR3DCLASS_RESERVED11,
+      ERR3DCLASS_NONE,         ERR3DCLASS_FONT3D,      ERR3DCLASS_HEADER3D,
+      ERR3DCLASS_LEGEND3D,     ERR3DCLASS_LEGENDOBJ3D, ERR3DCLASS_OPENGL,
+      ERR3DCLASS_POLYSURFACE,  ERR3DCLASS_TEXTOBJ3D,   ERR3DCLASS_TRANSFORM3D};
+  for (int i = 0; i < 21; ++i) EXPECT_EQ(classes[static_cast<std::size_t>(i)], i);
 }
 
 TEST_F(Err3D, StandsForWhatElseIsThrown) {

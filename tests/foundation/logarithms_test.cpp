@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -15,6 +16,15 @@ TEST(Logarithms, ClampToTheArgument) {
   EXPECT_EQ(log10Ex(1e31), 1e30);
   EXPECT_NEAR(log10Ex(1e30), 30.0, 1e-12);
   EXPECT_NEAR(log10Ex(1000.0), 3.0, 1e-15);
+}
+
+TEST(Logarithms, OfWhatIsNoOrdinaryNumber) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_TRUE(std::isnan(log10Ex(std::numeric_limits<double>::quiet_NaN())));
+  EXPECT_EQ(log10Ex(kInfinity), 1e30);
+  EXPECT_EQ(log10Ex(-kInfinity), 0.0);
+  EXPECT_TRUE(std::isinf(Antilog10Ex(400.0)));
+  EXPECT_EQ(Antilog10Ex(-400.0), 0.0);
 }
 
 TEST(Logarithms, AreUndone) {

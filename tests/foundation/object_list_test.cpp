@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <memory>
+#include <new>
 #include <type_traits>
+#include <utility>
 #include <vector>
+
+#include "support/allocation_failure.h"
 
 namespace {
 
@@ -77,6 +81,28 @@ TEST(ObjectList, DestroysTheFirstOneFirst) {
     EXPECT_EQ(Numbers(list), std::vector<int>{7});
   }
   EXPECT_EQ(Destroyed(), (std::vector<int>{0, 1, 2, 7}));
+}
+
+TEST(ObjectList, WithoutMemoryTheObjectGoesAndTheListStays) {
+  ObjectList<Item> list;
+  const Item* first = list.Append(std::make_unique<Item>(1));
+  auto second = std::make_unique<Item>(2);
+  Destroyed().clear();
+  Destroyed().reserve(1);
+  bool failed = false;
+  {
+    const orvalix::test::AllocationFailure failure(1);
+    try {
+      list.Append(std::move(second));
+    } catch (const std::bad_alloc&) {
+      failed = true;
+    }
+  }
+  EXPECT_TRUE(failed);
+  EXPECT_EQ(Destroyed(), std::vector<int>{2});
+  EXPECT_EQ(Numbers(list), std::vector<int>{1});
+  EXPECT_EQ(list.AtCursor(), first);
+  EXPECT_EQ(list.CursorPosition(), 0);
 }
 
 TEST(ObjectList, HoldsAMillion) {

@@ -5,11 +5,16 @@
 #include <functional>
 #include <string>
 
+#include "support/allocation_failure.h"
+#include "support/caught_error.h"
 #include "support/temporary_file.h"
 
 namespace {
 
 using orvalix::test::Bytes;
+using orvalix::test::Catch;
+using orvalix::test::CaughtError;
+using orvalix::test::kNoError;
 using orvalix::test::TemporaryFile;
 
 Bytes Written(const CString& text) {
@@ -73,6 +78,52 @@ TEST(PersistedString, LengthsThatCannotBeTrueAreRefused) {
   EXPECT_TRUE(Throws([] { ReadFrom({4, 0, 0, 0, 'a', 'b', 'c'}); }));
   EXPECT_TRUE(Throws([] { ReadFrom({0xFF, 0xFF, 0xFF, 0xFF, 'a'}); }));  // -1
   EXPECT_TRUE(Throws([] { ReadFrom({0xFF, 0xFF, 0xFF, 0x7F, 'a'}); }));  // 2 147 483 647
+}
+
+TEST(PersistedString, ALengthIsHeldAgainstTheFileBeforeMemoryIsTaken) {
+  // 0x7F7F7F7F bytes are promised, none follow.
+  const TemporaryFile file(Bytes{0x7F, 0x7F, 0x7F, 0x7F});
+  CFile in;
+  ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
+  CString text("before");
+  const orvalix::test::AllocationMeter meter;
+  EXPECT_TRUE(Throws([&] { ReadCString(in.m_hFile, text); }));
+  EXPECT_LT(meter.Largest(), 1000U);
+  EXPECT_STREQ(text, "before");
+}
+
+TEST(PersistedString, RunningOutOfMemoryIsAnError) {
+  const CString text("a text that is too long to be held without memory of its own");
+  const Bytes bytes = Written(text);
+  const TemporaryFile file(bytes);
+  const TemporaryFile target;
+  CFile in;
+  ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
+  CFile out;
+  ASSERT_TRUE(out.Open(target.Path(), CFile::modeCreate | CFile::modeWrite));
+  CString read;
+  int errors = 0;
+  const int readFailures = orvalix::test::FailEachAllocation([&] {
+    in.SeekToBegin();
+    read = "before";
+    const CaughtError error = Catch([&] { ReadCString(in.m_hFile, read); });
+    if (error == kNoError) return;
+    EXPECT_EQ(error, (CaughtError{2, 12, "ReadCString"}));
+    EXPECT_STREQ(read, "before");
+    ++errors;
+  });
+  EXPECT_STREQ(read, text);
+  EXPECT_GE(readFailures, 2);  // the bytes read, the text made of them
+  EXPECT_EQ(errors, readFailures);
+  errors = 0;
+  const int writeFailures = orvalix::test::FailEachAllocation([&] {
+    const CaughtError error = Catch([&] { WriteCString(out.m_hFile, text); });
+    if (error == kNoError) return;
+    EXPECT_EQ(error, (CaughtError{2, 12, "WriteCString"}));
+    ++errors;
+  });
+  EXPECT_GE(writeFailures, 1);
+  EXPECT_EQ(errors, writeFailures);
 }
 
 TEST(PersistedString, NullFilesDoNothing) {

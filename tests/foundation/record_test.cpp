@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <limits>
 #include <numeric>
 
 #include "orvalix/foundation/save_record_internal.h"
+#include "support/allocation_failure.h"
 #include "support/caught_error.h"
 #include "support/temporary_file.h"
 
@@ -119,14 +120,31 @@ TEST(Record, MissingFieldsKeepTheirValues) {
     SCOPED_TRACE(length);
     Sample sample;
     sample.number = 77;
-    sample.point.x = 77;
+    sample.real = 77;
+    sample.point = {77, 77, 77, 77};
+    sample.color = {77, 77, 77, 77};
+    sample.viewport = {77, 77, 77, 77};
+    sample.fractions = {77, 77, 77, 77};
+    sample.text = "before";
     sample.pair = {77, 77};
+    sample.count = 2;
+    sample.values = {77, 77};
     const CaughtError error = Catch([&] {
       LoadFrom(sample, Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
     });
+    // Each field with the byte behind its last one.
     EXPECT_EQ(sample.number, length >= 4 ? -2 : 77);
+    EXPECT_EQ(sample.real, length >= 12 ? 1.5 : 77.0);
     EXPECT_EQ(sample.point.x, length >= 44 ? 1.0 : 77.0);
+    EXPECT_EQ(sample.point.v, length >= 44 ? 4.0 : 77.0);
+    EXPECT_EQ(sample.color.red, length >= 76 ? 1.0 : 77.0);
+    EXPECT_EQ(sample.viewport.x, length >= 92 ? 1 : 77);
+    EXPECT_EQ(sample.fractions.x, length >= 124 ? 1.0 : 77.0);
+    EXPECT_STREQ(sample.text, length >= 130 ? "Hi" : "before");
     EXPECT_EQ(sample.pair[0], length >= 134 ? 5 : 77);
+    EXPECT_EQ(sample.pair[1], length >= 138 ? 6 : 77);
+    EXPECT_EQ(sample.count, length >= 142 ? 1 : 2);
+    EXPECT_EQ(sample.values, (std::vector<double>{77, 77}));
     // The text's length says more than is left (128 to 129), or the array's (142 to 149).
     const bool promisedMore = (length >= 128 && length < 130) || length >= 142;
     EXPECT_EQ(error, promisedMore ? (CaughtError{7, 8, "Load"}) : kNoError);
@@ -140,7 +158,9 @@ TEST(Record, CountsAreHeldAgainstTheFile) {
     bytes[countAt + 3] = static_cast<unsigned char>(last);
     Sample sample;
     sample.values = {9.0};
+    const orvalix::test::AllocationMeter meter;
     EXPECT_EQ(Catch([&] { LoadFrom(sample, bytes); }), (CaughtError{7, 8, "Load"}));
+    EXPECT_LT(meter.Largest(), std::size_t{1} << 16);
     EXPECT_EQ(sample.values, std::vector<double>{9.0});
   }
 }
@@ -162,6 +182,77 @@ TEST(Record, ListCountsAreHeldAgainstTheFileToo) {
     error->Delete();
   }
   EXPECT_TRUE(refused);
+}
+
+TEST(Record, ACountOfElementsWithoutBytesIsNotDividedBy) {
+  const TemporaryFile file(Bytes{3, 0, 0, 0, 1, 2, 3});
+  CFile in;
+  ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
+  int count = 0;
+  RecordReader(in.m_hFile).Count(count, 0);
+  EXPECT_EQ(count, 3);
+}
+
+TEST(Record, FilesWithoutAnEndAreReadBlockByBlock) {
+  CFile zeros;
+  ASSERT_TRUE(zeros.Open("/dev/zero", CFile::modeRead));
+  std::vector<double> values{1.0};
+  RecordReader(zeros.m_hFile).Array(values, 100000);
+  EXPECT_EQ(values, std::vector<double>(100000, 0.0));
+
+  // Nothing follows what the count promises.
+  CFile nothing;
+  ASSERT_TRUE(nothing.Open("/dev/null", CFile::modeRead));
+  const orvalix::test::AllocationMeter meter;
+  const auto read = [&] {
+    RecordReader(nothing.m_hFile).Array(values, std::numeric_limits<int>::max());
+  };
+  EXPECT_EQ(Catch([&] { orvalix::WithFileErrors(ERR3DCLASS_DIB, "Load", read); }),
+            (CaughtError{7, 8, "Load"}));
+  EXPECT_LE(meter.Largest(), std::size_t{1} << 16);
+  EXPECT_EQ(values.size(), 100000U);
+}
+
+TEST(Record, ArraysThatDoNotHoldTheirCountAreNotWritten) {
+  for (const int count : {2, std::numeric_limits<int>::max(), -1}) {
+    Sample sample = FilledSample();
+    sample.count = count;
+    EXPECT_EQ(Catch([&] { Saved(sample); }), (CaughtError{7, 8, "Save"}));
+  }
+  Sample fewer = FilledSample();
+  fewer.count = 0;
+  EXPECT_EQ(Saved(fewer).size(), SampleBytes().size() - 8);
+}
+
+TEST(Record, RunningOutOfMemoryIsAnError) {
+  const Bytes bytes = SampleBytes();
+  const TemporaryFile source(bytes);
+  const TemporaryFile target;
+  CFile in;
+  ASSERT_TRUE(in.Open(source.Path(), CFile::modeRead));
+  CFile out;
+  ASSERT_TRUE(out.Open(target.Path(), CFile::modeCreate | CFile::modeWrite));
+  const Sample filled = FilledSample();
+  int errors = 0;
+  const int writeFailures = orvalix::test::FailEachAllocation([&] {
+    const CaughtError error = Catch([&] { filled.Save(out.m_hFile); });
+    if (error == kNoError) return;
+    EXPECT_EQ(error, (CaughtError{2, 8, "Save"}));
+    ++errors;
+  });
+  EXPECT_GE(writeFailures, 1);
+  EXPECT_EQ(errors, writeFailures);
+  errors = 0;
+  const int readFailures = orvalix::test::FailEachAllocation([&] {
+    in.SeekToBegin();
+    Sample sample;
+    const CaughtError error = Catch([&] { sample.Load(in.m_hFile); });
+    if (error == kNoError) return;
+    EXPECT_EQ(error, (CaughtError{2, 8, "Load"}));
+    ++errors;
+  });
+  EXPECT_EQ(readFailures, 2);  // the bytes of the text, the values
+  EXPECT_EQ(errors, readFailures);
 }
 
 TEST(Record, LargeArraysAreWrittenWhole) {

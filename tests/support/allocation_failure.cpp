@@ -1,0 +1,62 @@
+#include "support/allocation_failure.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace orvalix::test {
+namespace {
+
+thread_local int allocationsUntilFailure = 0;  ///< 0 when none is to fail
+thread_local bool failsFromThen = false;
+thread_local bool hasFailed = false;
+thread_local std::size_t largest = 0;
+
+bool IsToFail() {
+  if (hasFailed && failsFromThen) return true;
+  if (allocationsUntilFailure == 0 || --allocationsUntilFailure > 0) return false;
+  hasFailed = true;
+  return true;
+}
+
+void* Allocate(std::size_t size) noexcept {
+  largest = std::max(largest, size);
+  return IsToFail() ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
+}
+
+void* AllocateOrThrow(std::size_t size) {
+  void* memory = Allocate(size);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+}  // namespace
+
+void FailAllocation(int n, Failing extent) {
+  allocationsUntilFailure = n;
+  failsFromThen = extent == Failing::kFromThen;
+  hasFailed = false;
+}
+
+bool AllocationFailure::Happened() const { return hasFailed; }
+
+AllocationMeter::AllocationMeter() { largest = 0; }
+
+std::size_t AllocationMeter::Largest() const { return largest; }
+
+}  // namespace orvalix::test
+
+void* operator new(std::size_t size) { return orvalix::test::AllocateOrThrow(size); }
+void* operator new[](std::size_t size) { return orvalix::test::AllocateOrThrow(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return orvalix::test::Allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return orvalix::test::Allocate(size);
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
