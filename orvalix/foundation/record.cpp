@@ -43,7 +43,7 @@ void RecordWriter::AppendBytes(const void* data, std::size_t size) {
   }
 }
 
-void RecordWriter::RequireElements(int count, std::size_t elements) {
+void RecordWriter::RequireElements(std::int64_t count, std::size_t elements) {
   if (count < 0 || static_cast<std::size_t>(count) > elements) {
     AfxThrowFileException(CFileException::genericException);
   }
@@ -73,6 +73,11 @@ void RecordWriter::Field(const CString& value) {
   const int length = value.GetLength();
   Field(length);
   AppendBytes(static_cast<const char*>(value), static_cast<std::size_t>(length));
+}
+
+void RecordWriter::Array(const std::vector<CString>& values, std::int64_t count) {
+  RequireElements(count, values.size());
+  for (std::int64_t i = 0; i < count; ++i) Field(values[static_cast<std::size_t>(i)]);
 }
 
 void RecordWriter::Count(const int& count, std::size_t) { Field(count); }
@@ -140,6 +145,19 @@ void RecordReader::Field(CString& value) {
   value = CString(text.data(), static_cast<int>(end - text.begin()));
 }
 
+void RecordReader::Array(std::vector<CString>& values, std::int64_t count) {
+  if (m_ended) return;
+  RequireRoom(count, sizeof(int));
+  std::vector<CString> texts;
+  for (std::int64_t i = 0; i < count; ++i) {
+    CString text;
+    Field(text);
+    if (m_ended) ThrowEnd();
+    texts.push_back(std::move(text));
+  }
+  values = std::move(texts);
+}
+
 void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
   std::array<int, 1> number;
   if (!TakeNumbers(number)) return;
@@ -147,7 +165,7 @@ void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
   count = number[0];
 }
 
-std::size_t RecordReader::RequireRoom(int count, std::size_t bytesPerElement) const {
+std::size_t RecordReader::RequireRoom(std::int64_t count, std::size_t bytesPerElement) const {
   const std::size_t bytes = std::max<std::size_t>(bytesPerElement, 1);
   const std::uint64_t left = BytesLeft(m_file);
   if (count < 0 || static_cast<std::uint64_t>(count) > left / bytes) ThrowEnd();

@@ -52,11 +52,13 @@ class RecordWriter {
   /// The first `count` elements of an array whose number is known from an earlier field. An array
   /// that doesn't hold them raises CFileException*: such a file could not be read again.
   template <class T>
-  void Array(const std::vector<T>& values, int count) {
+  void Array(const std::vector<T>& values, std::int64_t count) {
     static_assert(kIsStoredAsInMemory<T>);
     RequireElements(count, values.size());
     AppendBytes(values.data(), static_cast<std::size_t>(count) * sizeof(T));
   }
+  /// The same for texts.
+  void Array(const std::vector<CString>& values, std::int64_t count);
   /// A number of elements that follow.
   void Count(const int& count, std::size_t leastBytesPerElement);
   /// The record of an owned object.
@@ -72,7 +74,7 @@ class RecordWriter {
   void Append(std::uint64_t bits, unsigned bytes);
   void AppendBytes(const void* data, std::size_t size);
   /// Raises CFileException* unless `count` is a number of elements that are there.
-  static void RequireElements(int count, std::size_t elements);
+  static void RequireElements(std::int64_t count, std::size_t elements);
 
   void* m_file;                        ///< handle of the open file, not owned
   std::vector<unsigned char> m_bytes;  ///< gathered and not yet written
@@ -105,9 +107,11 @@ class RecordReader {
   }
   /// Makes `values` the next `count` elements. `count` comes from the file: it is not trusted.
   template <class T>
-  void Array(std::vector<T>& values, int count) {
+  void Array(std::vector<T>& values, std::int64_t count) {
     if (!m_ended) values = TakeElements<T>(count);
   }
+  /// The same for texts.
+  void Array(std::vector<CString>& values, std::int64_t count);
   /// A number of elements that follow, each of at least that many bytes.
   void Count(int& count, std::size_t leastBytesPerElement);
   /// The record of an owned object.
@@ -119,14 +123,14 @@ class RecordReader {
  private:
   /// Raises CFileException* unless `count` elements of that many bytes can still be in the file.
   /// @return how many to read at once: all that are known to be there, else a block
-  std::size_t RequireRoom(int count, std::size_t bytesPerElement) const;
+  std::size_t RequireRoom(std::int64_t count, std::size_t bytesPerElement) const;
   /// Fills `bytes`; false, and no more reading, when the file no longer holds them.
   bool Take(std::span<unsigned char> bytes);
   template <class Number, std::size_t N>
   bool TakeNumbers(std::array<Number, N>& numbers);
   /// The next `count` elements; raises CFileException* when the file doesn't hold them.
   template <class T>
-  std::vector<T> TakeElements(int count) {
+  std::vector<T> TakeElements(std::int64_t count) {
     static_assert(kIsStoredAsInMemory<T>);
     const std::size_t atOnce = RequireRoom(count, sizeof(T));
     std::vector<T> elements;
