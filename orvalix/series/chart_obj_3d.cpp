@@ -1,0 +1,108 @@
+#include "orvalix/series/chart_obj_3d.h"
+
+#include "orvalix/foundation/class_tags_internal.h"
+#include "orvalix/foundation/colors.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/open_gl.h"
+#include "orvalix/render/transform_3d.h"
+
+namespace {
+
+/// Colour mode in which the texture colours by value.
+constexpr int kColorByValue = 2;
+
+}  // namespace
+
+int CChartObj3D::nSelfID = 0;
+
+CChartObj3D::CChartObj3D() { InitChartObjDefaults(); }
+
+CChartObj3D::CChartObj3D(COpenGL* context, CTransform3D* transform) {
+  InitChartObjDefaults();
+  InitChartObj3D(context, transform);
+}
+
+void CChartObj3D::InitChartObjDefaults() {
+  const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
+  ++nSelfID;
+  m_openGL = nullptr;
+  m_transform = nullptr;
+  m_constValue = 0.0;
+  m_baseValue = 0.0;
+  m_relSize = 1.0;
+  m_constWidth = 1.0;
+  m_indWidth = 1.0;
+  m_fillGap = 0.0016;
+  m_outlineWidth = 1.0;
+  m_planeThickness = 0.02;
+  m_fillColor = SetRGBD(0.0, 0.0, 1.0, 1.0);
+  m_outlineColor = black;
+  m_ohlcLineColor = black;
+  m_symbol = 0;
+  m_symbol2 = 0;
+  m_numDataPnts = 0;
+  m_dep2Count = 0;
+  m_barHeightsCount = 0;
+  m_pointCount = 0;
+  m_groupColorsCount = 0;
+  m_segmentColorsCount = 0;
+  m_stringsCount = 0;
+  m_polysurfaceFlag = 0;
+  m_numGroups = 0;
+  m_lineWidth = 1;
+  m_lineStyle = 0;
+  m_indJustify = 0;
+  m_depJustify = 0;
+  m_constJustify = 0;
+  m_indAxis = 0;
+  m_projectionPlane = 0;
+  m_textPlane = 1;
+  m_groupType = 0;
+  m_chartType = kNoChart;
+  m_numContours = 0;
+  m_colorMode = 1;
+  m_contourLabelFlag = 0;
+  m_segmentColorMode = 0;
+  m_clipping = 0;
+  m_outlineMode = 1;
+  m_comboChartFlags.fill(0);
+  m_enable = 1;
+  m_classTag = orvalix::kChartObjTag;
+  m_ownerID = 0;
+}
+
+void CChartObj3D::InitChartObj3D(COpenGL* context, CTransform3D* transform) {
+  constexpr const char* kPlace = "InitChartObj3D";
+  if (!orvalix::IsTagged(context, orvalix::kOpenGLTag)) {
+    orvalix::ThrowError(ERR3D_OPENGL_PARAMETER, ERR3DCLASS_CHARTOBJ3D, kPlace);
+  }
+  if (!orvalix::IsTagged(transform, orvalix::kTransformTag)) {
+    orvalix::ThrowError(ERR3D_TRANSFORM_PARAMETER, ERR3DCLASS_CHARTOBJ3D, kPlace);
+  }
+  m_openGL = context;
+  m_transform = transform;
+  m_ownerID = transform->GetTransformID();
+}
+
+void CChartObj3D::DrawChartObj() {
+  if (m_enable == 0 || m_openGL == nullptr || m_transform == nullptr) return;
+  m_openGL->SetPolygonOutlineMode(m_outlineMode);
+  m_transform->ChartTransform();
+  m_openGL->SetColorMode(m_colorMode);
+  m_openGL->EnableTexture(m_colorMode == kColorByValue ? 1 : 0);
+  if (m_clipping != 0) m_transform->SetClipping(m_clipping);
+  DrawChartType();
+  m_transform->SetClipping(0);
+  m_openGL->SetPolygonOutlineMode(0);
+  m_openGL->EnableTexture(0);
+}
+
+void CChartObj3D::DrawChartType() {
+  switch (m_chartType) {
+    case kBarChart25D:
+      DrawBarChart25D();
+      break;
+    default:
+      break;
+  }
+}

@@ -1,0 +1,167 @@
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+
+#include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/series/chart_obj_3d.h"
+
+namespace {
+
+/// At most as many as the storage holds: a count outlives its storage, and a record that promises
+/// more than follows could not be read again.
+template <class T>
+int CountIn(const std::vector<T>& storage, int count) {
+  const std::size_t largest = std::min(storage.size(), std::size_t{INT_MAX});
+  return std::clamp(count, 0, static_cast<int>(largest));
+}
+
+/// What RecordAttributes() stored for a count, or what it has just read.
+template <class Record, class T>
+std::int64_t StoredCount(const std::vector<T>& storage, int count) {
+  return Record::kReading ? count : CountIn(storage, count);
+}
+
+/// The next `count` elements of a record are those of `storage`; where it is shorter, zeros.
+template <class T>
+void RecordArray(orvalix::RecordWriter& record, const std::vector<T>& storage, std::int64_t count) {
+  if (count <= static_cast<std::int64_t>(storage.size())) {
+    record.Array(storage, count);
+    return;
+  }
+  std::vector<T> padded(storage);
+  padded.resize(static_cast<std::size_t>(count), T{});
+  record.Array(padded, count);
+}
+
+template <class T>
+void RecordArray(orvalix::RecordReader& record, std::vector<T>& storage, std::int64_t count) {
+  record.Array(storage, count);
+}
+
+/// A field whose value in the file is `stored` instead of what the object holds.
+template <class Record, class Field>
+void RecordAs(Record& record, Field& field, int stored) {
+  if constexpr (Record::kReading) {
+    record.Field(field);
+  } else {
+    record.Field(stored);
+  }
+}
+
+}  // namespace
+
+int CChartObj3D::PointsToSave() const {
+  if (m_pointCount != 0) return CountIn(m_points, m_numDataPnts);
+  const std::size_t longest = std::max({m_indData.size(), m_depData.size(), m_groupData.size(),
+                                        m_depData2.size(), m_barHeights.size()});
+  return std::clamp(m_numDataPnts, 0, static_cast<int>(std::min(longest, std::size_t{INT_MAX})));
+}
+
+int CChartObj3D::GroupsToSave() const {
+  const auto points = static_cast<std::size_t>(PointsToSave());
+  if (points == 0 || m_numGroups < 1) return m_numGroups;
+  const std::size_t held = (m_groupData.size() + points - 1) / points;
+  return std::min(m_numGroups, static_cast<int>(std::min(held, std::size_t{INT_MAX})));
+}
+
+template <class Record, class Self>
+void CChartObj3D::RecordFields(Record& record, Self& self) {
+  RecordAttributes(record, self);
+  RecordArrays(record, self);
+}
+
+template <class Record, class Self>
+void CChartObj3D::RecordAttributes(Record& record, Self& self) {
+  record.Field(nSelfID);
+  record.Field(self.m_ownerID);
+  record.Field(self.m_constValue);
+  record.Field(self.m_baseValue);
+  record.Field(self.m_relSize);
+  record.Field(self.m_constWidth);
+  record.Field(self.m_indWidth);
+  record.Field(self.m_fillGap);
+  record.Field(self.m_planeThickness);
+  record.Field(self.m_outlineWidth);
+  record.Field(self.m_fillColor);
+  record.Field(self.m_outlineColor);
+  record.Field(self.m_ohlcLineColor);
+  record.Field(self.m_symbol);
+  record.Field(self.m_symbol2);
+  RecordAs(record, self.m_numDataPnts, self.PointsToSave());
+  RecordAs(record, self.m_dep2Count, CountIn(self.m_depData2, self.m_dep2Count));
+  RecordAs(record, self.m_barHeightsCount, CountIn(self.m_barHeights, self.m_barHeightsCount));
+  RecordAs(record, self.m_pointCount, CountIn(self.m_points, self.m_pointCount));
+  RecordAs(record, self.m_groupColorsCount, CountIn(self.m_groupColors, self.m_groupColorsCount));
+  RecordAs(record, self.m_segmentColorsCount,
+           CountIn(self.m_segmentColors, self.m_segmentColorsCount));
+  RecordAs(record, self.m_stringsCount, CountIn(self.m_strings, self.m_stringsCount));
+  record.Field(self.m_polysurfaceFlag);
+  RecordAs(record, self.m_numGroups, self.GroupsToSave());
+  record.Field(self.m_lineWidth);
+  record.Field(self.m_lineStyle);
+  record.Field(self.m_indJustify);
+  record.Field(self.m_depJustify);
+  record.Field(self.m_constJustify);
+  record.Field(self.m_indAxis);
+  record.Field(self.m_projectionPlane);
+  record.Field(self.m_textPlane);
+  record.Field(self.m_groupType);
+  record.Field(self.m_chartType);
+  record.Field(self.m_segmentColorMode);
+  record.Field(self.m_numContours);
+  record.Field(self.m_contourLabelFlag);
+  record.Field(self.m_colorMode);
+  record.Field(self.m_clipping);
+  record.Field(self.m_outlineMode);
+  record.Fields(self.m_comboChartFlags);
+  record.Field(self.m_enable);
+}
+
+template <class Record, class Self>
+void CChartObj3D::RecordArrays(Record& record, Self& self) {
+  const std::int64_t points = Record::kReading ? self.m_numDataPnts : self.PointsToSave();
+  const std::int64_t groups = Record::kReading ? self.m_numGroups : self.GroupsToSave();
+  if (self.m_pointCount != 0) {
+    // Kept: nothing but its points of a three-dimensional type is stored, not even bar heights;
+    // stored charts have no room for them.
+    RecordArray(record, self.m_points, points);
+  } else if (points != 0) {
+    RecordArray(record, self.m_indData, points);
+    if (groups == 0) RecordArray(record, self.m_depData, points);
+    if (groups != 0) RecordArray(record, self.m_groupData, groups * points);
+  }
+  if (self.m_pointCount == 0) {
+    if (self.m_dep2Count != 0) {
+      RecordArray(record, self.m_depData2, StoredCount<Record>(self.m_depData2, self.m_dep2Count));
+    }
+    if (self.m_barHeightsCount != 0) {
+      RecordArray(record, self.m_barHeights,
+                  StoredCount<Record>(self.m_barHeights, self.m_barHeightsCount));
+    }
+  }
+  if (self.m_groupColorsCount != 0) {
+    RecordArray(record, self.m_groupColors,
+                StoredCount<Record>(self.m_groupColors, self.m_groupColorsCount));
+  }
+  if (self.m_segmentColorsCount != 0) {
+    RecordArray(record, self.m_segmentColors,
+                StoredCount<Record>(self.m_segmentColors, self.m_segmentColorsCount));
+    if constexpr (Record::kReading) self.m_segmentColorMode = 1;
+  }
+  if constexpr (Record::kReading) {
+    // Surfaces aren't known yet, and what follows one can't be found without reading it.
+    if (self.m_polysurfaceFlag != 0) throw new CFileException(CFileException::genericException);
+  }
+  RecordArray(record, self.m_strings, StoredCount<Record>(self.m_strings, self.m_stringsCount));
+}
+
+void CChartObj3D::Save(void* file) const {
+  orvalix::SaveRecord(file, ERR3DCLASS_CHARTOBJ3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+}
+
+void CChartObj3D::Load(void* file) {
+  orvalix::LoadRecord(file, ERR3DCLASS_CHARTOBJ3D,
+                      [this](auto& record) { RecordFields(record, *this); });
+}
