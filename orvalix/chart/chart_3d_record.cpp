@@ -14,18 +14,18 @@ namespace {
 constexpr std::size_t kTransformBytes = 660;
 constexpr std::size_t kLeastChartObjBytes = 300;
 
-/// A count, then the record of each object. On reading, `make` makes the next object and `bind`
-/// gets it once it has been read.
-template <class Record, class T, class Make, class Bind>
-void RecordList(Record& record, const orvalix::ObjectList<T>& list, std::size_t leastBytes,
-                Make make, Bind bind) {
+/// A count, then the record of each object. On reading, `make(chart)` makes the next object, and
+/// `bind(chart, object)` gets it once it has been read.
+template <class Record, class Chart, class T, class Make, class Bind>
+void RecordList(Record& record, Chart& chart, const orvalix::ObjectList<T>& list,
+                std::size_t leastBytes, Make make, Bind bind) {
   int count = Record::kReading ? 0 : list.Count();
   record.Count(count, leastBytes);
   if constexpr (Record::kReading) {
     for (int i = 0; i < count; ++i) {
-      T* object = make();
+      T* object = make(chart);
       record.Child(*object);
-      bind(*object);
+      bind(chart, *object);
     }
   } else {
     for (T* object : list) record.Child(*object);
@@ -58,14 +58,15 @@ void CChart3D::RecordFields(Record& record, Self& self) {
   record.Field(self.m_textureMode);
   record.Field(self.m_numTextureColors);
   RecordList(
-      record, self.m_transforms, kTransformBytes, [&] { return self.NewTransform(); },
-      [](CTransform3D&) {});
+      record, self, self.m_transforms, kTransformBytes,
+      [](auto& chart) { return chart.NewTransform(); }, [](auto&, CTransform3D&) {});
   RecordList(
-      record, self.m_chartObjs, kLeastChartObjBytes, [&] { return self.NewChartObj(); },
-      [&](CChartObj3D& chartObj) {
-        CTransform3D* transform = self.MatchTransformID(chartObj.GetOwnerID());
-        if (transform != nullptr && self.m_openGL != nullptr) {
-          chartObj.InitChartObj3D(self.m_openGL, transform);
+      record, self, self.m_chartObjs, kLeastChartObjBytes,
+      [](auto& chart) { return chart.NewChartObj(); },
+      [](auto& chart, CChartObj3D& chartObj) {
+        CTransform3D* transform = chart.MatchTransformID(chartObj.GetOwnerID());
+        if (transform != nullptr && chart.m_openGL != nullptr) {
+          chartObj.InitChartObj3D(chart.m_openGL, transform);
         }
       });
 }

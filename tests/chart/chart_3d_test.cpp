@@ -83,8 +83,8 @@ TEST(Chart3D, ShadesSmoothlyAndLoadsTheLight) {
   glDisable(GL_DEPTH_TEST);
   glClearDepth(0.5);
   const std::array<float, 4> odd{0.5, 0.5, 0.5, 0.5};
-  for (const GLenum component : {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR}) {
-    glLightfv(GL_LIGHT0, component, odd.data());
+  for (const int component : {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR}) {
+    glLightfv(GL_LIGHT0, static_cast<GLenum>(component), odd.data());
   }
   target.view->NewChart3D();
   GLint model = 0;

@@ -68,11 +68,11 @@ TEST(ChartViewFile, LoadingReplacesEverything) {
   EXPECT_EQ(target.view->GetChart(1)->GetNumTransforms(), 1);
   EXPECT_STREQ(target.view->GetFontName(), "Sans");
   EXPECT_EQ(target.view->GetFontWeight(), 400);
+  EXPECT_EQ(SavedView(*target.view), file.Read());
   target.view->DrawViewScreen();
   EXPECT_EQ(target.WindowPixel(15, 45), kWhite);
   EXPECT_EQ(target.WindowPixel(45, 15), kGreen);
   EXPECT_EQ(target.WindowPixel(15, 15), kBlue);
-  EXPECT_EQ(SavedView(*target.view), file.Read());
 }
 
 TEST(ChartViewFile, ReportsFilesThatCannotBeOpened) {
@@ -103,8 +103,8 @@ TEST(ChartViewFile, SurvivesEveryTruncation) {
 TEST(ChartViewFile, DistrustsTheNumberOfCharts) {
   ViewOn target(10, 10);
   Bytes bytes = SavedView(*target.view);
-  for (const unsigned char last : {0x7F, 0xFF}) {
-    bytes[bytes.size() - 1] = last;
+  for (const int last : {0x7F, 0xFF}) {
+    bytes.back() = static_cast<unsigned char>(last);
     const TemporaryFile file(bytes);
     EXPECT_EQ(Catch([&] { target.view->Load(file.Path()); }), (CaughtError{7, 6, "Load"}));
     EXPECT_EQ(target.view->GetNumCharts(), 0);
