@@ -94,6 +94,7 @@ void COpenGL::InitContext() {
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
   glDisable(GL_POLYGON_SMOOTH);
+  glPolygonOffset(1.0F, 1.0F);
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
   glEnable(GL_NORMALIZE);

@@ -38,6 +38,9 @@ void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
   SetFillStyle3D(m_fillColor, m_fillColor2, m_outlineColor);
   glPolygonMode(GL_FRONT, GL_FILL);
   if (points == nullptr || n < 1 || !orvalix::ArePlaceable(points, n)) return;
+  const bool outlined = m_polygonOutlineMode != 0;
+  // The filled area gives way, by the depth that it covers in a pixel, to the lines on its edge.
+  if (outlined) glEnable(GL_POLYGON_OFFSET_FILL);
   glBegin(GL_POLYGON);
   if (n >= 3) {
     point3Dtype normal;
@@ -49,7 +52,9 @@ void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
     SendVertex(points[i]);
   }
   glEnd();
-  if (m_polygonOutlineMode != 0) Frame3D(points, n);
+  if (!outlined) return;
+  glDisable(GL_POLYGON_OFFSET_FILL);
+  Frame3D(points, n);
 }
 
 void COpenGL::DrawSimpleZPlane(double width, double depth, double, RGBDType const& fill,

@@ -35,6 +35,32 @@ TEST_F(Polygons, OutlineModeDrawsTheFrameBehindThem) {
   ExpectColor(drawn[1], 0, 0, 1);
 }
 
+TEST_F(Polygons, AreasDoNotCoverTheirOutlines) {
+  // A steep area, where lines and filled area differ in depth by rounding alone.
+  const std::vector<point3Dtype> steep{{-0.5, -0.5, -0.9, 0},
+                                       {0.5, -0.5, -0.4, 0},
+                                       {0.5, 0.5, 0.9, 0},
+                                       {-0.5, 0.5, 0.4, 0},
+                                       {-0.5, -0.5, -0.9, 0}};
+  gl.SetClearColor(1, 1, 1, 1);
+  gl.Clear(0x4100);
+  gl.SetFillStyle3D(red, black, blue);
+  gl.SetPolygonOutlineMode(1);
+  gl.PolyFillAbs3D(steep.data(), 5);
+  EXPECT_FALSE(glIsEnabled(GL_POLYGON_OFFSET_FILL));
+  gl.UpdateBitmap(200, 100);
+  // The upright edges stand at the columns 50 and 150.
+  for (int y = 27; y < 73; ++y) {
+    const auto* row = static_cast<const unsigned char*>(target.dib->FindDIBBits()) +
+                      static_cast<std::ptrdiff_t>(y) * target.dib->StorageWidth();
+    for (const std::ptrdiff_t edge : {50, 150}) {
+      const bool isOutlined = row[(edge - 1) * 4] == 255 && row[(edge - 1) * 4 + 2] == 0;
+      const bool isOutlinedNext = row[edge * 4] == 255 && row[edge * 4 + 2] == 0;
+      EXPECT_TRUE(isOutlined || isOutlinedNext) << "row " << y << ", column " << edge;
+    }
+  }
+}
+
 TEST_F(Polygons, SendOneUnnormalisedNormal) {
   // a = p0 - p1 = (-1, 0, 0), b = p1 - p2 = (0.5, -1, 0): a x b = (0, 0, 1 - 0).
   gl.PolyFillAbs3D(kTriangle.data(), 3);

@@ -14,9 +14,9 @@ struct Source {
   RGBDType color;
 };
 
-constexpr std::array<Source, 3> kSources{{{"fossil_fuels_gwh", {0.36, 0.38, 0.44, 1.0}},
-                                          {"renewables_gwh", {0.20, 0.62, 0.36, 1.0}},
-                                          {"nuclear_energy_gwh", {0.93, 0.69, 0.16, 1.0}}}};
+constexpr std::array<Source, 3> kSources{{{"fossil_fuels_gwh", {0.34, 0.37, 0.44, 1.0}},
+                                          {"renewables_gwh", {0.18, 0.54, 0.34, 1.0}},
+                                          {"nuclear_energy_gwh", {0.78, 0.56, 0.14, 1.0}}}};
 
 }  // namespace
 
@@ -30,9 +30,8 @@ void BuildElectricityScene(CChartView3D& view, const std::string& dataFolder) {
       view.NewChart3D({2000.4, 0.4, 0.0, 0.0}, {2017.6, 3.6, 45000.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetChartBkColor(SetRGBD(0.97, 0.97, 0.98, 1.0));
-  transform->SetChartRect({0.68, 0.36, 0.62, 0.0});
-  transform->SetOffset({0.0, 0.0, -0.08, 0.0});
-  transform->SetRotate({-20.0, 0.0, 24.0, 0.0});
+  transform->SetChartRect({0.80, 0.42, 0.72, 0.0});
+  transform->SetRotate({-22.0, 0.0, 20.0, 0.0});
 
   // The tallest source stands farthest back, so that no row hides the next one.
   double row = 1.0;

@@ -11,9 +11,11 @@ namespace {
 
 /// From blue (coldest) over a pale middle at 0 to red (warmest).
 RGBDType ColorOf(double anomaly) {
-  constexpr double kStrongest = 1.0;
-  const double share = std::clamp(anomaly / kStrongest, -1.0, 1.0);
-  const RGBDType pale = SetRGBD(0.95, 0.88, 0.74, 1.0);
+  constexpr double kStrongest = 0.9;
+  // The coldest years lie half as far from 0 as the warmest.
+  const double share =
+      std::clamp(anomaly / (anomaly < 0.0 ? kStrongest / 2.0 : kStrongest), -1.0, 1.0);
+  const RGBDType pale = SetRGBD(0.86, 0.80, 0.70, 1.0);
   const RGBDType end =
       share < 0.0 ? SetRGBD(0.08, 0.32, 0.68, 1.0) : SetRGBD(0.78, 0.08, 0.09, 1.0);
   const double t = share < 0.0 ? -share : share;
@@ -28,17 +30,20 @@ void BuildTemperatureScene(CChartView3D& view, const std::string& dataFolder) {
   std::vector<double> years = table.Column("year");
   std::vector<double> anomalies = table.Column("anomaly_c");
 
+  // The bars stand on a floor below the coldest year.
+  constexpr double kFloor = -0.6;
   view.EnableBorder(0);
   CTransform3D* transform = nullptr;
-  CChart3D* chart = view.NewChart3D({1879.0, 0.0, -0.6, 0.0}, {2024.0, 1.0, 1.3, 0.0}, &transform);
+  CChart3D* chart =
+      view.NewChart3D({1879.0, 0.0, kFloor, 0.0}, {2024.0, 1.0, 1.2, 0.0}, &transform);
   chart->EnableBorder(0);
-  chart->SetChartBkColor(SetRGBD(0.97, 0.97, 0.98, 1.0));
-  transform->SetChartRect({0.92, 0.12, 0.8, 0.0});
-  transform->SetRotate({-14.0, 0.0, 8.0, 0.0});
+  chart->SetChartBkColor(SetRGBD(0.96, 0.97, 0.98, 1.0));
+  transform->SetChartRect({0.93, 0.16, 0.74, 0.0});
+  transform->SetRotate({-16.0, 0.0, 9.0, 0.0});
 
   CChartObj3D* bars = chart->NewChartObj(transform);
-  bars->BarChart25D(years.data(), anomalies.data(), 0.0, 0.5, static_cast<int>(years.size()), 0.82,
-                    1.0, SetRGBD(0.8, 0.8, 0.8, 1.0), SetRGBD(0.25, 0.25, 0.3, 1.0), 1, 1, 0);
+  bars->BarChart25D(years.data(), anomalies.data(), kFloor, 0.5, static_cast<int>(years.size()),
+                    0.82, 1.0, SetRGBD(0.8, 0.8, 0.8, 1.0), SetRGBD(0.25, 0.25, 0.3, 1.0), 1, 1, 0);
   std::vector<RGBDType> colors;
   for (const double anomaly : anomalies) colors.push_back(ColorOf(anomaly));
   bars->InitSegmentColorsStorage(colors.data());
