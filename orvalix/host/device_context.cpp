@@ -61,9 +61,7 @@ DeviceContext::~DeviceContext() {
   Release(m_palette);
 }
 
-HDC DeviceContext::Handle() {
-  return static_cast<HDC>(static_cast<void*>(static_cast<HandleOwner*>(this)));
-}
+HDC DeviceContext::Handle() const { return static_cast<HDC>(RawHandle()); }
 
 const Surface& DeviceContext::GetSurface() const {
   return m_bitmap != nullptr ? m_bitmap->GetSurface() : m_surface;

@@ -43,7 +43,7 @@ class DeviceContext : public HandleOwner {
   static std::unique_ptr<DeviceContext> Create(Type type, const Surface& surface);
   ~DeviceContext();
 
-  HDC Handle();
+  HDC Handle() const;
   Type GetType() const { return m_type; }
   CDC* Owner() const { return m_owner; }
   void SetOwner(CDC* owner) { m_owner = owner; }

@@ -18,7 +18,7 @@ class GdiHandle : public HandleOwner {
  public:
   virtual ~GdiHandle();
 
-  HGDIOBJ Handle() { return static_cast<HandleOwner*>(this); }
+  HGDIOBJ Handle() const { return RawHandle(); }
   bool IsStock() const { return m_isStock; }
   void SetStock(bool isStock) { m_isStock = isStock; }
 

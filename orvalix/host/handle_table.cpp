@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <cstdint>
 #include <mutex>
 #include <new>
 #include <unordered_map>
@@ -8,9 +9,15 @@
 namespace orvalix {
 namespace {
 
+struct Entry {
+  HandleOwner* owner;
+  HandleKind kind;
+};
+
 struct HandleTable {
   std::mutex mutex;
-  std::unordered_map<const void*, HandleKind> kinds;  ///< by handle
+  std::uintptr_t lastHandle = 0;
+  std::unordered_map<const void*, Entry> entries;  ///< by handle
 };
 
 /// Never destroyed: objects with static storage may outlive every static table. Made without
@@ -26,22 +33,22 @@ HandleTable& Table() {
 HandleOwner::HandleOwner(HandleKind kind) {
   HandleTable& table = Table();
   const std::lock_guard lock(table.mutex);
-  table.kinds.emplace(this, kind);
+  m_handle = reinterpret_cast<void*>(++table.lastHandle);
+  table.entries.emplace(m_handle, Entry{this, kind});
 }
 
 HandleOwner::~HandleOwner() {
   HandleTable& table = Table();
   const std::lock_guard lock(table.mutex);
-  table.kinds.erase(this);
+  table.entries.erase(m_handle);
 }
 
 HandleOwner* FindHandle(const void* handle, HandleKind kind) noexcept {
   if (handle == nullptr) return nullptr;
   HandleTable& table = Table();
   const std::lock_guard lock(table.mutex);
-  const auto found = table.kinds.find(handle);
-  if (found == table.kinds.end() || found->second != kind) return nullptr;
-  return static_cast<HandleOwner*>(const_cast<void*>(handle));
+  const auto found = table.entries.find(handle);
+  return found != table.entries.end() && found->second.kind == kind ? found->second.owner : nullptr;
 }
 
 }  // namespace orvalix

@@ -12,11 +12,11 @@ namespace orvalix {
 enum class HandleKind : std::uint8_t { kBitmap, kPalette, kDeviceContext };
 
 /// Keeps a handle valid from construction to destruction. The objects behind handles derive from
-/// it; the handle is the address of this base.
+/// it.
 ///
-/// Looking a handle up never touches the memory that it points to, so that deleted and made-up
-/// handles are recognised. Handles may be looked up on several threads; the objects behind them are
-/// for one thread at a time.
+/// Handles are numbers, counted up and never used again, so that deleted and made-up ones are
+/// recognised even when a new object lies where the old one was. Handles may be looked up on
+/// several threads; the objects behind them are for one thread at a time.
 class HandleOwner {
  public:
   HandleOwner(const HandleOwner&) = delete;
@@ -26,6 +26,11 @@ class HandleOwner {
   /// @throws std::bad_alloc
   explicit HandleOwner(HandleKind kind);
   ~HandleOwner();
+  /// The handle; never null.
+  void* RawHandle() const { return m_handle; }
+
+ private:
+  void* m_handle;  ///< a number, not an address
 };
 
 /// The living object of that kind behind a handle; null when there is none.

@@ -86,12 +86,25 @@ TEST(GdiObject, DeletedAndMadeUpHandlesAreRefused) {
   EXPECT_TRUE(DeleteObject(bitmap));
   EXPECT_FALSE(DeleteObject(bitmap));
   EXPECT_FALSE(DeleteObject(nullptr));
-  EXPECT_FALSE(DeleteObject(reinterpret_cast<HGDIOBJ>(1)));
+  int noHandle = 0;
+  EXPECT_FALSE(DeleteObject(&noHandle));
   EXPECT_EQ(CBitmap::FromHandle(bitmap), nullptr);
   CDC dc;
   dc.CreateCompatibleDC(nullptr);
   EXPECT_FALSE(DeleteObject(dc.m_hDC));
   EXPECT_EQ(SelectObject(dc.m_hDC, bitmap), nullptr);
+}
+
+TEST(GdiObject, HandlesAreNeverUsedAgain) {
+  // A new object may well lie where the deleted one was.
+  const HBITMAP deleted = NewBitmap();
+  DeleteObject(deleted);
+  for (int i = 0; i < 100; ++i) {
+    CBitmap bitmap;
+    bitmap.Attach(NewBitmap());
+    EXPECT_NE(bitmap.m_hObject, deleted);
+    EXPECT_FALSE(DeleteObject(deleted));
+  }
 }
 
 TEST(GdiObject, SelectedObjectsAreNotDeleted) {
