@@ -40,13 +40,11 @@ BITMAPFILEHEADER FileHeader(DWORD pixelBytes) {
 }  // namespace
 
 CDIBSection::CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel)
-    : m_bits(nullptr), m_bitmap(nullptr), m_header{}, m_colorTable{}, m_targetDC(nullptr) {
+    : m_bits(nullptr), m_header{}, m_colorTable{}, m_targetDC(nullptr) {
   CreateCDIBSection(windowDC, targetDC, width, height, bitsPerPixel);
 }
 
-CDIBSection::~CDIBSection() {
-  if (m_bitmap != nullptr) DeleteObject(m_bitmap);
-}
+CDIBSection::~CDIBSection() = default;
 
 void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int) {
   m_targetDC = targetDC;
@@ -61,13 +59,14 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   info.header.biCompression = BI_RGB;
   info.header.biSizeImage = static_cast<DWORD>(RowBytes(bitCount, width) * height);
   m_header = info.header;
-  m_bitmap = CreateDIBSection(windowDC->GetSafeHdc(), reinterpret_cast<const BITMAPINFO*>(&info),
-                              DIB_RGB_COLORS, &m_bits, nullptr, 0);
+  m_bitmap.Attach(CreateDIBSection(windowDC->GetSafeHdc(),
+                                   reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS,
+                                   &m_bits, nullptr, 0));
 }
 
 BITMAPINFOHEADER CDIBSection::GetDIBHeader() const {
   DIBSECTION section{};
-  if (m_bitmap == nullptr || GetObjectA(m_bitmap, sizeof(section), &section) == 0) return {};
+  if (GetObjectA(m_bitmap.GetSafeHandle(), sizeof(section), &section) == 0) return {};
   return section.dsBmih;
 }
 
@@ -120,7 +119,7 @@ void CDIBSection::CreateRGBPalette() {
 
 void CDIBSection::SaveDIB(const CString& fileName) const {
   constexpr const char* kPlace = "SaveDIB";
-  if (m_bitmap == nullptr || m_targetDC == nullptr) {
+  if (GetBitmapHandle() == nullptr || m_targetDC == nullptr) {
     orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_DIBSECTION, kPlace);
   }
   CFile file;
@@ -143,7 +142,9 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
   });
 }
 
-HBITMAP CDIBSection::GetBitmapHandle() const { return m_bitmap; }
+HBITMAP CDIBSection::GetBitmapHandle() const {
+  return static_cast<HBITMAP>(m_bitmap.GetSafeHandle());
+}
 
 HPALETTE CDIBSection::GetPaletteHandle() const {
   return static_cast<HPALETTE>(m_palette.GetSafeHandle());

@@ -65,7 +65,7 @@ class ORVALIX_API CDIBSection {
   void CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel);
 
   void* m_bits;                           ///< the pixels; they belong to m_bitmap
-  HBITMAP m_bitmap;                       ///< owned
+  CBitmap m_bitmap;                       ///< lives on while a device context holds it
   BITMAPINFOHEADER m_header;              ///< what the bitmap was created with
   std::array<RGBQUAD, 256> m_colorTable;  ///< as last read or set
   CPalette m_palette;                     ///< of an 8-bit bitmap

@@ -244,8 +244,8 @@ class ORVALIX_API COpenGL {
 
   /// A filled convex polygon in the fill colour, lit by the normal of its first three points, or
   /// coloured by the texture when that is enabled; with its outline when the polygon outline mode
-  /// is on (repeat the first point to close the outline). An outlined area lies a little deeper than
-  /// its points say, so that it doesn't cover its outline in parts.
+  /// is on (repeat the first point to close the outline). An outlined area lies a little deeper
+  /// than its points say, so that it doesn't cover its outline in parts.
   void PolyFillAbs3D(const point3Dtype* points, int n);
   /// A rectangle at z = 0, centred on the origin, that faces up.
   /// @param width, depth extents along x and y

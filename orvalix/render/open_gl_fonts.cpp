@@ -21,8 +21,7 @@ int COpenGL::NewFont3D() {
   return m_fonts.Count();
 }
 
-int COpenGL::RegisterFont(CString const& face, double scale, int weight, int italic,
-                          int numChars) {
+int COpenGL::RegisterFont(CString const& face, double scale, int weight, int italic, int numChars) {
   return RegisterFont(face, scale, weight, italic, 0, numChars);
 }
 

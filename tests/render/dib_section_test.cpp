@@ -86,6 +86,19 @@ TEST(DIBSection, ImpossibleSizesMakeNoBitmap) {
   }
 }
 
+TEST(DIBSection, MayBeDestroyedWhileItIsSelected) {
+  CWnd window;
+  ASSERT_TRUE(window.CreateOffscreen(4, 4));
+  CDC memory;
+  ASSERT_TRUE(memory.CreateCompatibleDC(window.GetDC()));
+  {
+    const CDIBSection dib(window.GetDC(), &memory, 4, 4, 32);
+    SelectObject(memory.GetSafeHdc(), dib.GetBitmapHandle());
+  }
+  memory.SetPixel(1, 1, 0xFF);
+  EXPECT_EQ(memory.GetPixel(1, 1), 0xFFU);  // the pixels live as long as they are selected
+}
+
 TEST(DIBSection, CountsColors) {
   Offscreen target(4, 4);
   BITMAPINFOHEADER header{};

@@ -77,9 +77,32 @@ class FeedbackReader {
   std::size_t m_at = 0;
 };
 
-bool SamePlace(const FeedbackVertex& a, const FeedbackVertex& b) {
-  return a.x == b.x && a.y == b.y && a.z == b.z;
+bool SamePixel(const FeedbackVertex& a, const FeedbackVertex& b) {
+  return a.x == b.x && a.y == b.y;
 }
+
+/// A depth that isn't known equals every other one.
+bool SamePlace(const FeedbackVertex& a, const FeedbackVertex& b) {
+  return SamePixel(a, b) && (a.z == b.z || std::isnan(a.z) || std::isnan(b.z));
+}
+
+/// Outlined areas are set back a little, triangle by triangle. That belongs to the pixels: where
+/// vertices were placed is told without it.
+class WithoutPolygonOffset {
+ public:
+  WithoutPolygonOffset() {
+    glGetFloatv(GL_POLYGON_OFFSET_FACTOR, &m_factor);
+    glGetFloatv(GL_POLYGON_OFFSET_UNITS, &m_units);
+    glPolygonOffset(0.0F, 0.0F);
+  }
+  ~WithoutPolygonOffset() { glPolygonOffset(m_factor, m_units); }
+  WithoutPolygonOffset(const WithoutPolygonOffset&) = delete;
+  WithoutPolygonOffset& operator=(const WithoutPolygonOffset&) = delete;
+
+ private:
+  GLfloat m_factor = 0.0F;
+  GLfloat m_units = 0.0F;
+};
 
 /// The software rasteriser reports a polygon of vertices 0, 1, 2, 3 as the triangles (1, 2, 0) and
 /// (2, 3, 0). This puts them together again; polygons reported whole stay as they are.
@@ -91,8 +114,10 @@ class PolygonMerger {
     if (isTriangle) {
       std::rotate(primitive.vertices.begin(), primitive.vertices.begin() + 2,
                   primitive.vertices.end());
+      ForgetDepthWithoutArea(primitive.vertices);
       if (m_inFan && Continues(out.back().vertices, primitive.vertices)) {
         out.back().vertices.push_back(primitive.vertices.back());
+        LearnDepth(out.back().vertices, primitive.vertices);
         return;
       }
     }
@@ -101,14 +126,40 @@ class PolygonMerger {
   }
 
  private:
+  /// The slope of a triangle without an area isn't defined, and with it the depth of an outlined
+  /// one is lost: it reads 0.
+  static void ForgetDepthWithoutArea(std::vector<FeedbackVertex>& triangle) {
+    if (!SamePixel(triangle[0], triangle[1]) && !SamePixel(triangle[1], triangle[2]) &&
+        !SamePixel(triangle[2], triangle[0])) {
+      return;
+    }
+    const bool isLost = std::all_of(triangle.begin(), triangle.end(),
+                                    [](const FeedbackVertex& vertex) { return vertex.z == 0.0; });
+    if (!isLost) return;
+    for (FeedbackVertex& vertex : triangle) vertex.z = std::nan("");
+  }
+
+  /// Vertices of one pixel take the depth that any of them has.
+  static void LearnDepth(std::vector<FeedbackVertex>& polygon,
+                         const std::vector<FeedbackVertex>& triangle) {
+    for (FeedbackVertex& vertex : polygon) {
+      for (const FeedbackVertex& known : triangle) {
+        if (std::isnan(vertex.z) && SamePixel(vertex, known)) vertex.z = known.z;
+      }
+      for (const FeedbackVertex& known : polygon) {
+        if (std::isnan(vertex.z) && SamePixel(vertex, known)) vertex.z = known.z;
+      }
+    }
+  }
+
   static bool Continues(const std::vector<FeedbackVertex>& polygon,
                         const std::vector<FeedbackVertex>& triangle) {
     return !IsClosed(polygon) && SamePlace(polygon.front(), triangle[0]) &&
            SamePlace(polygon.back(), triangle[1]);
   }
 
-  /// Solids repeat the first vertex of a face at its end. Faces that have shrunk, as at an apex, may
-  /// come back to it earlier, so that only the fifth vertex tells.
+  /// Solids repeat the first vertex of a face at its end. Faces that have shrunk, as at an apex,
+  /// may come back to it earlier, so that only the fifth vertex tells.
   static bool IsClosed(const std::vector<FeedbackVertex>& polygon) {
     constexpr std::size_t kVerticesOfAFace = 5;
     return polygon.size() >= kVerticesOfAFace && SamePlace(polygon.front(), polygon.back());
@@ -127,6 +178,7 @@ double Plain(double value, double unit) {
 
 std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw) {
   static std::vector<GLfloat> buffer(kBufferFloats);
+  const WithoutPolygonOffset placedExactly;
   glFeedbackBuffer(static_cast<GLsizei>(buffer.size()), GL_4D_COLOR_TEXTURE, buffer.data());
   glRenderMode(GL_FEEDBACK);
   draw();
