@@ -31,7 +31,7 @@ inline constexpr int LIGHT3D_MODEL_AMBIENT = 12345;
 ///
 /// The projection is the identity: x runs to the right and y up from -1 to +1, and *smaller* z is
 /// nearer to the viewer. A point with a coordinate that is not a finite `float` can't be placed:
-/// a polygon that has one is left out, a line is interrupted there.
+/// a polygon or a solid that has one is left out, a line is interrupted there.
 ///
 /// An OpenGL context is current on one thread at a time. A frame calls MakeCurrent() first;
 /// nothing else here does, so that consecutive calls cost nothing extra.

@@ -12,6 +12,8 @@ namespace {
 /// Keeps the texture coordinate of the lowest value inside the first texture entry.
 constexpr double kTextureInset = 0.004;
 
+constexpr int kCorners = 8;
+
 struct Face {
   std::size_t flag;                    ///< index of the face's flag
   std::array<std::size_t, 4> corners;  ///< in drawing order, seen from outside counterclockwise
@@ -73,6 +75,7 @@ void COpenGL::DrawSimpleZPlane(double width, double depth, double, RGBDType cons
 void COpenGL::DrawSolidObject3D(const point3Dtype* corners, RGBDType const& fill,
                                 RGBDType const& outline, const int* faceFlags) {
   if (corners == nullptr || faceFlags == nullptr) return;
+  if (!orvalix::ArePlaceable(corners, kCorners)) return;
   const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
   for (const Face& face : kFaces) {
     if (faceFlags[face.flag] == 0) continue;

@@ -1,0 +1,251 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <vector>
+
+#include "orvalix/foundation/colors.h"
+#include "orvalix/foundation/points.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/transform_3d.h"
+#include "orvalix/series/chart_obj_3d.h"
+#include "support/feedback.h"
+#include "support/offscreen.h"
+
+namespace {
+
+using orvalix::test::CaptureFeedback;
+using orvalix::test::FeedbackPrimitive;
+using orvalix::test::FeedbackVertex;
+using orvalix::test::Offscreen;
+using orvalix::test::OfKind;
+using Kind = FeedbackPrimitive::Kind;
+
+/// A box in working coordinates.
+struct Box {
+  double x, y, z, dx, dy, dz;
+};
+
+class BarChart25D : public ::testing::Test {
+ protected:
+  BarChart25D()
+      : target(200, 200),
+        transform(target.gl.get(), {0, 0, 0, 0}, {10, 10, 10, 0}),
+        bars(target.gl.get(), &transform) {}
+
+  void SetUpBars(std::vector<double> ind, std::vector<double> dep, double base = 0.0,
+                 int indJustify = 0, int constJustify = 0, int indAxis = 0) {
+    bars.BarChart25D(ind.data(), dep.data(), base, 4.0, static_cast<int>(ind.size()), 2.0, 3.0, red,
+                     blue, indJustify, constJustify, indAxis);
+    bars.SetColorMode(0);
+    bars.SetOutlineMode(0);
+  }
+
+  std::vector<FeedbackPrimitive> Drawn() {
+    return CaptureFeedback([&] { bars.DrawChartObj(); });
+  }
+
+  /// Where a point of working space lies in the window: the default box spans its middle half, z
+  /// points up and larger y is nearer.
+  FeedbackVertex Window(double x, double y, double z) const {
+    point3Dtype min;
+    point3Dtype max;
+    transform.GetWorkingScale(min, max);
+    const auto normalized = [](double value, double low, double high) {
+      return ((value - low) * 2.0 / (high - low) - 1.0) * 0.5;
+    };
+    FeedbackVertex vertex{};
+    vertex.x = (normalized(x, min.x, max.x) + 1.0) * 100.0;
+    vertex.y = (normalized(z, min.z, max.z) + 1.0) * 100.0;
+    vertex.z = (1.0 - normalized(y, min.y, max.y)) / 2.0;
+    return vertex;
+  }
+
+  /// Expects six faces, from `first` on, of each box in turn.
+  void ExpectBoxes(const std::vector<FeedbackPrimitive>& drawn, const std::vector<Box>& boxes) {
+    constexpr std::array<std::array<std::size_t, 4>, 6> kFaces{
+        {{0, 3, 7, 4}, {1, 5, 6, 2}, {0, 4, 5, 1}, {3, 2, 6, 7}, {0, 1, 2, 3}, {4, 7, 6, 5}}};
+    ASSERT_EQ(drawn.size(), boxes.size() * 6);
+    for (std::size_t b = 0; b < boxes.size(); ++b) {
+      const Box& box = boxes[b];
+      std::vector<FeedbackVertex> corners;
+      for (const double z : {box.z, box.z + box.dz}) {
+        corners.push_back(Window(box.x, box.y, z));
+        corners.push_back(Window(box.x, box.y + box.dy, z));
+        corners.push_back(Window(box.x + box.dx, box.y + box.dy, z));
+        corners.push_back(Window(box.x + box.dx, box.y, z));
+      }
+      for (std::size_t face = 0; face < 6; ++face) {
+        const auto& vertices = drawn[6 * b + face].vertices;
+        ASSERT_EQ(vertices.size(), 5U) << "bar " << b << ", face " << face;
+        for (std::size_t i = 0; i < 5; ++i) {
+          const FeedbackVertex& expected = corners[kFaces[face][i % 4]];
+          EXPECT_NEAR(vertices[i].x, expected.x, 1e-2) << b << ' ' << face << ' ' << i;
+          EXPECT_NEAR(vertices[i].y, expected.y, 1e-2) << b << ' ' << face << ' ' << i;
+          EXPECT_NEAR(vertices[i].z, expected.z, 1e-5) << b << ' ' << face << ' ' << i;
+        }
+      }
+    }
+  }
+
+  static void ExpectColor(const FeedbackPrimitive& primitive, const RGBDType& color) {
+    EXPECT_NEAR(primitive.vertices[0].red, color.red, 1e-6);
+    EXPECT_NEAR(primitive.vertices[0].green, color.green, 1e-6);
+    EXPECT_NEAR(primitive.vertices[0].blue, color.blue, 1e-6);
+  }
+
+  const RGBDType red = SetRGBD(1, 0, 0, 1);
+  const RGBDType green = SetRGBD(0, 1, 0, 1);
+  const RGBDType blue = SetRGBD(0, 0, 1, 1);
+  Offscreen target;
+  CTransform3D transform;
+  CChartObj3D bars;
+};
+
+TEST_F(BarChart25D, SetUpStoresItsArguments) {
+  std::array<double, 2> ind{1, 2};
+  std::array<double, 2> dep{3, 4};
+  bars.BarChart25D(ind.data(), dep.data(), 0.5, 1.5, 2, 2.5, 3.5, red, blue, 1, 2, 1);
+  EXPECT_EQ(bars.GetChartType(), 2);
+  EXPECT_EQ(bars.GetNumDataPnts(), 2);
+  EXPECT_EQ(bars.GetIndData(1), 2.0);
+  EXPECT_EQ(bars.GetDepData(1), 4.0);
+  EXPECT_EQ(bars.GetBaseValue(), 0.5);
+  EXPECT_EQ(bars.GetConstValue(), 1.5);
+  EXPECT_EQ(bars.GetIndWidth(), 2.5);
+  EXPECT_EQ(bars.GetConstWidth(), 3.5);
+  EXPECT_EQ(bars.GetFillColor().red, 1.0);
+  EXPECT_EQ(bars.GetOutlineColor().blue, 1.0);
+  EXPECT_EQ(bars.GetIndJustify(), 1);
+  EXPECT_EQ(bars.GetConstJustify(), 2);
+  EXPECT_EQ(bars.GetIndAxis(), 1);
+}
+
+TEST_F(BarChart25D, BarsStandOnTheBaseValue) {
+  SetUpBars({1, 4, 7}, {5, 8, 1}, 2.0);
+  const auto drawn = Drawn();
+  // From the base value 2, as high as the value minus the base; the last one hangs from it.
+  ExpectBoxes(drawn, {{1, 4, 2, 2, 3, 3}, {4, 4, 2, 2, 3, 6}, {7, 4, 2, 2, 3, -1}});
+  for (const auto& face : drawn) ExpectColor(face, red);
+}
+
+TEST_F(BarChart25D, IndependentValuesMayRunAlongY) {
+  SetUpBars({1, 4}, {5, 8}, 0.0, 0, 0, 1);
+  // The width along y is the independent one; the series stands at x = 4, 3 wide.
+  ExpectBoxes(Drawn(), {{4, 1, 0, 3, 2, 5}, {4, 4, 0, 3, 2, 8}});
+}
+
+TEST_F(BarChart25D, OtherAxesMixTheFootprint) {
+  SetUpBars({1}, {5}, 0.0, 0, 0, 7);
+  // Neither 0 nor 1: placed along x, but the constant width serves for both extents.
+  ExpectBoxes(Drawn(), {{1, 4, 0, 3, 3, 5}});
+}
+
+TEST_F(BarChart25D, JustificationsMoveTheBars) {
+  const std::array<double, 4> indOffsets{0, -1, -2, 0};      // of width 2: start, centre, end, none
+  const std::array<double, 4> constOffsets{0, -1.5, -3, 0};  // of width 3
+  for (int ind = 0; ind < 4; ++ind) {
+    for (int constant = 0; constant < 4; ++constant) {
+      SCOPED_TRACE(::testing::Message() << ind << ", " << constant);
+      const double along = indOffsets[static_cast<std::size_t>(ind)];
+      const double across = constOffsets[static_cast<std::size_t>(constant)];
+      SetUpBars({5}, {5}, 0.0, ind, constant, 0);
+      ExpectBoxes(Drawn(), {{5 + along, 4 + across, 0, 2, 3, 5}});
+      SetUpBars({5}, {5}, 0.0, ind, constant, 1);
+      ExpectBoxes(Drawn(), {{4 + across, 5 + along, 0, 3, 2, 5}});
+    }
+  }
+}
+
+TEST_F(BarChart25D, SegmentsHaveTheirOwnColors) {
+  SetUpBars({1, 4}, {5, 8});
+  const std::array<RGBDType, 2> colors{green, blue};
+  bars.InitSegmentColorsStorage(colors.data());
+  auto drawn = Drawn();
+  ASSERT_EQ(drawn.size(), 12U);
+  ExpectColor(drawn[0], green);
+  ExpectColor(drawn[6], blue);
+  bars.DeleteSegmentColorsStorage();  // the mode stays, the colours are gone
+  drawn = Drawn();
+  ASSERT_EQ(drawn.size(), 12U);
+  ExpectColor(drawn[0], red);
+}
+
+TEST_F(BarChart25D, OutlinesHaveColorAndWidth) {
+  SetUpBars({1}, {5});
+  bars.SetOutlineMode(1);
+  bars.SetOutlineWidth(3.0);
+  const auto drawn = Drawn();
+  EXPECT_EQ(OfKind(drawn, Kind::kPolygon).size(), 6U);
+  const auto lines = OfKind(drawn, Kind::kLine);
+  ASSERT_EQ(lines.size(), 24U);
+  for (const auto& line : lines) ExpectColor(line, blue);
+  GLfloat width = 0;
+  glGetFloatv(GL_LINE_WIDTH, &width);
+  EXPECT_EQ(width, 3.0F);
+  EXPECT_EQ(target.gl->GetLineWidth3D(), 1.0);  // reset when the bars are drawn
+}
+
+TEST_F(BarChart25D, AreLitByDefault) {
+  std::array<double, 1> ind{1};
+  std::array<double, 1> dep{5};
+  bars.BarChart25D(ind.data(), dep.data(), 0, 4, 1, 2, 3, red, blue, 0, 0, 0);
+  Drawn();
+  EXPECT_EQ(target.gl->GetColorMode(), 1);
+}
+
+TEST_F(BarChart25D, LogarithmicHeightsFollowTheFormula) {
+  transform.SetScale({0, 0, 1, 0}, {10, 10, 1000, 0});
+  transform.SetAxisScaleMode(2, 1);
+  SetUpBars({1, 4}, {110, 10}, 10.0);
+  // z starts at log10(10) = 1; the height is log10(110 - 10) = 2, and 0 for 10 - 10.
+  ExpectBoxes(Drawn(), {{1, 4, 1, 2, 3, 2}, {4, 4, 1, 2, 3, 0}});
+}
+
+TEST_F(BarChart25D, LogarithmicFootprintsAreNotConverted) {
+  transform.SetScale({1, 0, 0, 0}, {1e6, 10, 10, 0});
+  transform.SetAxisScaleMode(0, 1);
+  SetUpBars({100}, {5}, 0.0, 1, 0, 0);
+  // x at log10(100) = 2, moved by half of the width 2 as it is.
+  ExpectBoxes(Drawn(), {{1, 4, 0, 2, 3, 5}});
+}
+
+TEST_F(BarChart25D, InvertedAxesMirror) {
+  transform.SetScale({10, 0, 10, 0}, {0, 10, 0, 0});
+  SetUpBars({1}, {5});
+  ExpectBoxes(Drawn(), {{1, 4, 0, 2, 3, 5}});
+}
+
+TEST_F(BarChart25D, FewOrNoPoints) {
+  SetUpBars({}, {});
+  EXPECT_TRUE(Drawn().empty());
+  SetUpBars({5}, {5});
+  EXPECT_EQ(Drawn().size(), 6U);
+  bars.SetNumDataPnts(1000000);  // more than the arrays hold
+  EXPECT_EQ(Drawn().size(), 6U);
+  bars.SetNumDataPnts(-1);
+  EXPECT_TRUE(Drawn().empty());
+  bars.SetNumDataPnts(1);
+  bars.DeleteDepDataStorage();
+  EXPECT_TRUE(Drawn().empty());
+}
+
+TEST_F(BarChart25D, BarsThatCannotBePlacedAreLeftOut) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  SetUpBars({nan, 4, kInfinity}, {5, 8, 5});
+  ExpectBoxes(Drawn(), {{4, 4, 0, 2, 3, 8}});
+  SetUpBars({1, 4}, {nan, 8});
+  ExpectBoxes(Drawn(), {{4, 4, 0, 2, 3, 8}});
+}
+
+TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
+  SetUpBars({1}, {20});
+  bars.SetClipping(1);
+  for (const auto& face : Drawn()) {
+    // The upper limit 10 and the margin 10 * 0.00123456 lie at 150.1 pixels.
+    for (const FeedbackVertex& vertex : face.vertices) EXPECT_LT(vertex.y, 150.2);
+  }
+}
+
+}  // namespace
