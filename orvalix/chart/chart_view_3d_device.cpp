@@ -28,7 +28,9 @@ void CChartView3D::InitChartView3D(CDC* dc) {
 void CChartView3D::MakeCompatibleDC(CDC* dc) {
   DeleteBitmap();
   m_memoryDC.DeleteDC();
-  m_memoryDC.CreateCompatibleDC(dc);
+  if (!m_memoryDC.CreateCompatibleDC(dc)) {
+    orvalix::ThrowError(ERR3D_CDC_PARAMETER, ERR3DCLASS_CHARTVIEW3D, "InitDeviceContext");
+  }
 }
 
 void CChartView3D::MakeCompatibleBitmap(int width, int height, CDC* dc) {

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "chart/view_fixture.h"
+#include "support/allocation_failure.h"
+#include "support/caught_error.h"
+
+namespace {
+
+using namespace orvalix::test;
+
+const point3Dtype kZero{0, 0, 0, 0};
+const point3Dtype kOne{1, 1, 1, 0};
+
+/// Lets each allocation of `work` fail in turn and expects the same error for every one.
+template <class Work>
+void ExpectEachFailure(const CaughtError& expected, Work&& work) {
+  int failures = 0;
+  for (int n = 1; n < 100; ++n) {
+    bool happened = false;
+    const CaughtError caught = Catch([&] {
+      const AllocationFailure failure(n);
+      try {
+        work();
+      } catch (...) {
+        happened = failure.Happened();
+        throw;
+      }
+      happened = failure.Happened();
+    });
+    if (!happened) break;
+    EXPECT_EQ(caught, expected) << "allocation " << n;
+    ++failures;
+  }
+  EXPECT_GT(failures, 0);
+}
+
+TEST(Allocation, FactoriesReportTheirOwnNames) {
+  ViewOn target(20, 20);
+  CChart3D* chart = target.view->NewChart3D();
+  CTransform3D* transform = chart->NewTransform(kZero, kOne);
+  ExpectEachFailure({3, 4, "NewTransform"}, [&] { chart->NewTransform(kZero, kOne); });
+  ExpectEachFailure({3, 4, "NewTransform"}, [&] { chart->NewTransform(); });
+  ExpectEachFailure({3, 4, "NewChartObj"}, [&] { chart->NewChartObj(transform); });
+  ExpectEachFailure({3, 4, "NewChartObj"}, [&] { chart->NewChartObj(); });
+  ExpectEachFailure({3, 17, "NewFont3D"}, [&] { target.view->GetOpenGLPntr()->NewFont3D(); });
+  ExpectEachFailure({3, 6, "NewChart3D"}, [&] { target.view->NewChart3D(); });
+  // What could not be made is in no list.
+  EXPECT_EQ(chart->GetNumTransforms(), 3);
+  EXPECT_EQ(chart->GetNumChartObjs(), 2);
+  EXPECT_EQ(target.view->GetNumCharts(), 2);
+  target.view->DrawViewScreen();
+}
+
+TEST(Allocation, ATransformThatCannotBeMadeLosesItsChart) {
+  ViewOn target(20, 20);
+  int errors = 0;
+  for (int n = 1; n < 10; ++n) {
+    const CaughtError caught = Catch([&] {
+      const AllocationFailure failure(n);
+      target.view->NewChart3D(kZero, kOne);
+    });
+    if (caught == kNoError) break;
+    EXPECT_EQ(caught.type, 3) << n;
+    EXPECT_TRUE(caught.place == "NewChart3D" || caught.place == "NewTransform") << n;
+    ++errors;
+  }
+  EXPECT_GT(errors, 1);
+  EXPECT_EQ(target.view->GetNumCharts(), 1);
+}
+
+TEST(Allocation, AViewWithoutMemoryIsAClearError) {
+  CWnd window;
+  ASSERT_TRUE(window.CreateOffscreen(20, 20));
+  // The memory device context, then the section with its bitmap; later ones belong to OpenGL.
+  bool sawBitmap = false;
+  for (int n = 1; n < 20; ++n) {
+    const CaughtError caught = Catch([&] {
+      const AllocationFailure failure(n);
+      const CChartView3D view(&window);
+    });
+    if (caught == CaughtError{14, 6, "InitDeviceContext"}) continue;
+    EXPECT_EQ(caught, (CaughtError{3, 6, "MakeCompatibleBitmap"})) << n;
+    sawBitmap = true;
+    break;
+  }
+  EXPECT_TRUE(sawBitmap);
+}
+
+}  // namespace
