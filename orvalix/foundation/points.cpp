@@ -3,6 +3,14 @@
 #include <cmath>
 #include <utility>
 
+#include "orvalix/foundation/planes.h"
+
+namespace {
+
+constexpr int kLastPlaneCode = 5;
+
+}  // namespace
+
 void AssignPoint3D(point3Dtype& p, double x, double y, double z) { p = {x, y, z, 0.0}; }
 
 void getpoint3D(point3Dtype const& p, double* x, double* y, double* z) {
@@ -75,33 +83,17 @@ int NearTest(double a, double b, double tolerance) {
 }
 
 void interpolatepoint3D(point3Dtype const& p0, point3Dtype const& p1, point3Dtype& out, int plane) {
-  const auto between = [](double from, double to, double t) { return from + t * (to - from); };
-  switch (plane) {
-    case 0:
-    case 3: {
-      const double t = (out.z - p0.z) / (p1.z - p0.z);
-      out.x = between(p0.x, p1.x, t);
-      out.y = between(p0.y, p1.y, t);
-      out.v = between(p0.v, p1.v, t);
-      break;
-    }
-    case 1:
-    case 4: {
-      const double t = (out.y - p0.y) / (p1.y - p0.y);
-      out.x = between(p0.x, p1.x, t);
-      out.z = between(p0.z, p1.z, t);
-      out.v = between(p0.v, p1.v, t);
-      break;
-    }
-    case 2:
-    case 5: {
-      const double t = (out.x - p0.x) / (p1.x - p0.x);
-      out.y = between(p0.y, p1.y, t);
-      out.z = between(p0.z, p1.z, t);
-      out.v = between(p0.v, p1.v, t);
-      break;
-    }
-    default:
-      break;
+  if (plane < 0 || plane > kLastPlaneCode) return;
+  // Copies: `out` may be one of the ends.
+  point3Dtype from = p0;
+  point3Dtype to = p1;
+  const int given = GetNormalAxis(plane);
+  const double start = GetCoord3D(from, given);
+  const double t = (GetCoord3D(out, given) - start) / (GetCoord3D(to, given) - start);
+  for (int axis = 0; axis < 3; ++axis) {
+    if (axis == given) continue;
+    const double value = GetCoord3D(from, axis);
+    coordassign(out, axis, value + t * (GetCoord3D(to, axis) - value));
   }
+  out.v = from.v + t * (to.v - from.v);
 }

@@ -112,7 +112,9 @@ void CDIBSection::CreateRGBPalette() {
       ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, "CreateRGBPalette",
       [&] { return orvalix::CreatePaletteFor(orvalix::DefaultPaletteRules(), format); });
   if (palette == nullptr) return;
-  m_palette.DeleteObject();
+  // Owned by itself, the old palette lives on while a device context holds it.
+  CPalette old;
+  old.Attach(m_palette.Detach());
   m_palette.Attach(palette);
   SetCDIBColorTable(palette);
 }

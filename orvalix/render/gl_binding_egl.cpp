@@ -202,6 +202,9 @@ bool GLBinding::CreateContext() {
 void GLBinding::MakeCurrent() {
   if (m_platform->display == EGL_NO_DISPLAY) return;
   eglBindAPI(EGL_OPENGL_API);
+  const bool isCurrent =
+      m_platform->context != EGL_NO_CONTEXT && eglGetCurrentContext() == m_platform->context;
+  if (isCurrent) return;
   eglMakeCurrent(m_platform->display, EGL_NO_SURFACE, EGL_NO_SURFACE, m_platform->context);
 }
 

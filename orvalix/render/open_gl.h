@@ -40,8 +40,8 @@ class ORVALIX_API COpenGL {
   /// @name Life
   /// @{
 
-  /// Binds a new OpenGL context to `dib`, which must outlive this object, sets every default and
-  /// makes font 0. The new context is current afterwards.
+  /// Binds a new OpenGL context to `dib`, which must outlive this object with its device context,
+  /// sets every default and makes font 0. The new context is current afterwards.
   /// @param windowDC device context whose colour depth the pixel format follows; used only here
   /// @param dib the bitmap drawn into
   /// @throws CErr3D type 18, class 17, "InitContext" when there is no device context, no bitmap or

@@ -96,6 +96,19 @@ TEST(Palette, An8BitTargetGets256EntriesWithTheSystemsColors) {
   }
 }
 
+TEST(Palette, MayBeMadeAnewWhileItIsSelected) {
+  Offscreen target(16, 16, 8);
+  const HDC dc = target.window.GetDC()->GetSafeHdc();
+  const HPALETTE first = target.dib->GetPaletteHandle();
+  SelectPalette(dc, first, FALSE);
+  target.dib->CreateRGBPalette();
+  const HPALETTE second = target.dib->GetPaletteHandle();
+  EXPECT_NE(second, nullptr);
+  EXPECT_NE(second, first);
+  EXPECT_EQ(SelectPalette(dc, second, FALSE), first);
+  SelectPalette(dc, static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)), FALSE);
+}
+
 TEST(Palette, TheContextsOwnPaletteFollowsTheSameRules) {
   Offscreen target(16, 16, 8);
   const auto stock = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
