@@ -5,12 +5,6 @@
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 
-double CChartObj3D::calcbgoffset(double width, int justify) const {
-  if (justify == 1) return -width / 2.0;
-  if (justify == 2) return -width;
-  return 0.0;
-}
-
 void CChartObj3D::DrawBarChart25D() {
   if (m_indData.empty() || m_depData.empty()) return;
   const double dx = m_indAxis != 0 ? m_constWidth : m_indWidth;

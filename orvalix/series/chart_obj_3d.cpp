@@ -11,6 +11,9 @@ namespace {
 /// Colour mode in which the texture colours by value.
 constexpr int kColorByValue = 2;
 
+/// From so many points on, gaps between them would take too much of what they show.
+constexpr int kPointsWithoutGap = 200;
+
 }  // namespace
 
 int CChartObj3D::nSelfID = 0;
@@ -105,4 +108,23 @@ void CChartObj3D::DrawChartType() {
     default:
       break;
   }
+}
+
+double CChartObj3D::calcbgoffset(double width, int justify) const {
+  if (justify == 1) return -width / 2.0;
+  if (justify == 2) return -width;
+  return 0.0;
+}
+
+double CChartObj3D::GetSmallGap() const {
+  const bool isAlongXOrY = m_indAxis == 0 || m_indAxis == 1;
+  if (m_outlineMode == 0 || m_numDataPnts >= kPointsWithoutGap || !isAlongXOrY) return 0.0;
+  return m_fillGap * m_transform->GetAxisWorkingRange(m_indAxis);
+}
+
+void CChartObj3D::CheckSetSegmentColor(int i) {
+  if (m_segmentColorMode == 0 || i < 0) return;
+  const auto index = static_cast<std::size_t>(i);
+  if (index >= m_segmentColors.size()) return;
+  m_openGL->SetFillStyle3D(m_segmentColors[index], m_segmentColors[index], m_outlineColor);
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "orvalix/foundation/value_types.h"
@@ -62,9 +63,9 @@ class ORVALIX_API CChartObj3D {
   ///   is centred, 2 ends there
   /// @param indAxis 0: the independent values run along x; 1: along y
   /// @throws CErr3D type 2, class 5, of the storage that could not be allocated
-  void BarChart25D(double* ind, double* dep, double base, double constant, int n, double indWidth,
-                   double constWidth, RGBDType const& fill, RGBDType const& outline, int indJustify,
-                   int constJustify, int indAxis);
+  void BarChart25D(const double* ind, const double* dep, double base, double constant, int n,
+                   double indWidth, double constWidth, RGBDType const& fill,
+                   RGBDType const& outline, int indJustify, int constJustify, int indAxis);
   /// @}
 
   /// @name Storages
@@ -119,6 +120,7 @@ class ORVALIX_API CChartObj3D {
   void Set3DPointStorage(const point3Dtype* points, int n);
   /// Sets NumDataPnts and copies points and texts.
   void SetDataStringsStorage(const point3Dtype* points, const CString* texts, int n);
+  /// InitBarHeightsStorage().
   void SetBarHeightsStorage(const double* heights);
   /// @}
 
@@ -192,12 +194,12 @@ class ORVALIX_API CChartObj3D {
   /// Default 0.
   void SetConstJustify(int value);
   int GetConstJustify() const;
-  /// Default 0.
+  /// As SetConstJustify(), along the dependent axis. Default 0.
   void SetDepJustify(int value);
-  /// Default 0.
+  /// Whether contours are to be labelled. Default 0.
   void SetContourLabelFlag(int value);
   int GetContourLabelFlag() const;
-  /// Default 0.
+  /// 0: the bars of a group stand side by side (default); 1: one upon the other.
   void SetGroupType(int value);
   int GetGroupType() const;
   /// 0: the independent values run along x (default); 1: along y.
@@ -212,31 +214,31 @@ class ORVALIX_API CChartObj3D {
   /// Line width of lines in pixels. Default 1.
   void SetLineWidth(int value);
   int GetLineWidth() const;
-  /// Default 0.
+  /// Contour values; there is a colour more than that. Default 0.
   void SetNumContours(int value);
   int GetNumContours() const;
-  /// Elements of every storage per point. Default 0.
+  /// Elements of every storage that has one per point. Default 0.
   void SetNumDataPnts(int value);
   int GetNumDataPnts() const;
-  /// Default 0.
+  /// Rows of group data, each with a colour of its own. Default 0.
   void SetNumGroups(int value);
   int GetNumGroups() const;
   /// Nonzero outlines polygons. Default 1.
   void SetOutlineMode(int value);
   int GetOutlineMode() const;
-  /// Default 0.
+  /// Code of the plane (see planes.h) onto which points are projected; below 0 none. Default 0.
   void SetProjectionPlane(int value);
   int GetProjectionPlane() const;
   /// Nonzero: each segment takes its own colour. Default 0.
   void SetSegmentColorMode(int value);
   int GetSegmentColorMode() const;
-  /// Default 0.
+  /// Number of the symbol that marks a point. Default 0.
   void SetSymbol(int value);
   int GetSymbol() const;
-  /// Default 0.
+  /// Number of the second symbol of composite types. Default 0.
   void SetSymbol2(int value);
   int GetSymbol2() const;
-  /// Default 1.
+  /// Plane in which texts stand: 0 x-y, 1 x-z (default), 2 y-z, 3 facing the viewer.
   void SetTextPlane(int value);
   int GetTextPlane() const;
   /// Default blue.
@@ -278,13 +280,22 @@ class ORVALIX_API CChartObj3D {
   static void RecordAttributes(Record& record, Self& self);
   template <class Record, class Self>
   static void RecordArrays(Record& record, Self& self);
+  template <class Record, class Self>
+  static void RecordScalarArrays(Record& record, Self& self, std::int64_t points);
 
   int PointsToSave() const;
   int GroupsToSave() const;
   void InitChartObjDefaults();
   void DrawChartType();
   void DrawBarChart25D();
+  /// What to add to the start of something so wide: 0 for justification 0, minus half of the width
+  /// for 1, minus the width for 2.
   double calcbgoffset(double width, int justify) const;
+  /// Working units left free between outlined neighbours along the independent axis; 0 without
+  /// outlines and for many points.
+  double GetSmallGap() const;
+  /// Makes the colour of segment i the fill colour when segments have colours of their own.
+  void CheckSetSegmentColor(int i);
   bool FindGroupData(int group, int point, std::size_t& index) const;
 
   COpenGL* m_openGL;          ///< not owned
@@ -297,47 +308,47 @@ class ORVALIX_API CChartObj3D {
   double m_fillGap;           ///< share of the working range between neighbours
   double m_outlineWidth;      ///< pixels
   double m_planeThickness;    ///< share of the working range
-  RGBDType m_fillColor;
-  RGBDType m_outlineColor;
-  RGBDType m_ohlcLineColor;  ///< lines of open-high-low-close charts
-  int m_symbol;
-  int m_symbol2;
-  int m_numDataPnts;         ///< elements of every storage per point
-  int m_dep2Count;           ///< elements of m_depData2 when it was set
-  int m_barHeightsCount;     ///< elements of m_barHeights when it was set
-  int m_pointCount;          ///< elements of m_points when it was set; nonzero: a 3D type
-  int m_groupColorsCount;    ///< elements of m_groupColors when it was set
-  int m_segmentColorsCount;  ///< elements of m_segmentColors when it was set
-  int m_stringsCount;        ///< elements of m_strings when it was set
-  int m_polysurfaceFlag;     ///< 1: the series has a polysurface
-  int m_numGroups;
-  int m_lineWidth;  ///< pixels
-  int m_lineStyle;
-  int m_indJustify;
-  int m_depJustify;
-  int m_constJustify;
-  int m_indAxis;
-  int m_projectionPlane;
-  int m_textPlane;
-  int m_groupType;
-  int m_chartType;
-  int m_numContours;
-  int m_colorMode;  ///< 0 flat, 1 lit, 2 coloured by value
-  int m_contourLabelFlag;
-  int m_segmentColorMode;  ///< nonzero: each segment has its own colour
-  int m_clipping;
-  int m_outlineMode;
-  std::array<int, 6> m_comboChartFlags;
-  int m_enable;
-  std::vector<double> m_indData;    ///< independent values, or contour values
-  std::vector<double> m_depData;    ///< dependent values
-  std::vector<double> m_groupData;  ///< group by group
-  std::vector<double> m_depData2;   ///< second dependent values
-  std::vector<double> m_barHeights;
-  std::vector<point3Dtype> m_points;
-  std::vector<RGBDType> m_groupColors;
+  RGBDType m_fillColor;       ///< of faces
+  RGBDType m_outlineColor;    ///< of their edges
+  RGBDType m_ohlcLineColor;   ///< lines of open-high-low-close charts
+  int m_symbol;               ///< number of the symbol at points
+  int m_symbol2;              ///< number of the second symbol
+  int m_numDataPnts;          ///< elements of every storage per point
+  int m_dep2Count;            ///< elements of m_depData2 when it was set
+  int m_barHeightsCount;      ///< elements of m_barHeights when it was set
+  int m_pointCount;           ///< elements of m_points when it was set; nonzero: a 3D type
+  int m_groupColorsCount;     ///< elements of m_groupColors when it was set
+  int m_segmentColorsCount;   ///< elements of m_segmentColors when it was set
+  int m_stringsCount;         ///< elements of m_strings when it was set
+  int m_polysurfaceFlag;      ///< 1: the series has a polysurface
+  int m_numGroups;            ///< rows of m_groupData
+  int m_lineWidth;            ///< pixels
+  int m_lineStyle;            ///< 0 solid
+  int m_indJustify;           ///< 0 start, 1 centre, 2 end
+  int m_depJustify;           ///< same codes
+  int m_constJustify;         ///< same codes
+  int m_indAxis;              ///< of the independent values: 0 x, 1 y
+  int m_projectionPlane;      ///< plane code
+  int m_textPlane;            ///< plane of texts
+  int m_groupType;            ///< 0 side by side, 1 stacked
+  int m_chartType;            ///< one of ChartTypes
+  int m_numContours;          ///< contour values in m_indData
+  int m_colorMode;            ///< 0 flat, 1 lit, 2 coloured by value
+  int m_contourLabelFlag;     ///< nonzero: contours are to be labelled
+  int m_segmentColorMode;     ///< nonzero: each segment has its own colour
+  int m_clipping;             ///< nonzero: clipped to the working scale
+  int m_outlineMode;          ///< nonzero: polygons have outlines
+  std::array<int, 6> m_comboChartFlags;   ///< parts of composite types
+  int m_enable;                           ///< 0: not drawn
+  std::vector<double> m_indData;          ///< independent values, or contour values
+  std::vector<double> m_depData;          ///< dependent values
+  std::vector<double> m_groupData;        ///< group by group
+  std::vector<double> m_depData2;         ///< second dependent values
+  std::vector<double> m_barHeights;       ///< of floating and 3D bars
+  std::vector<point3Dtype> m_points;      ///< of the 3D types
+  std::vector<RGBDType> m_groupColors;    ///< one per group
   std::vector<RGBDType> m_segmentColors;  ///< colours of segments, or of contours
-  std::vector<CString> m_strings;
-  int m_classTag;  ///< 606 marks a live object
-  int m_ownerID;   ///< id of the transform bound last
+  std::vector<CString> m_strings;         ///< texts at points
+  int m_classTag;                         ///< 606 marks a live object
+  int m_ownerID;                          ///< id of the transform bound last
 };

@@ -1,7 +1,7 @@
 #include "orvalix/series/chart_obj_3d.h"
 
-void CChartObj3D::BarChart25D(double* ind, double* dep, double base, double constant, int n,
-                              double indWidth, double constWidth, RGBDType const& fill,
+void CChartObj3D::BarChart25D(const double* ind, const double* dep, double base, double constant,
+                              int n, double indWidth, double constWidth, RGBDType const& fill,
                               RGBDType const& outline, int indJustify, int constJustify,
                               int indAxis) {
   m_numDataPnts = n;

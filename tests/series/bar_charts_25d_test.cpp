@@ -18,7 +18,6 @@ using orvalix::test::CaptureFeedback;
 using orvalix::test::FeedbackPrimitive;
 using orvalix::test::FeedbackVertex;
 using orvalix::test::Offscreen;
-using orvalix::test::OfKind;
 using Kind = FeedbackPrimitive::Kind;
 
 /// A box in working coordinates.
@@ -176,10 +175,25 @@ TEST_F(BarChart25D, OutlinesHaveColorAndWidth) {
   bars.SetOutlineMode(1);
   bars.SetOutlineWidth(3.0);
   const auto drawn = Drawn();
-  EXPECT_EQ(OfKind(drawn, Kind::kPolygon).size(), 6U);
-  const auto lines = OfKind(drawn, Kind::kLine);
-  ASSERT_EQ(lines.size(), 24U);
-  for (const auto& line : lines) ExpectColor(line, blue);
+  ASSERT_EQ(drawn.size(), 6U * 5U);  // each face is followed by its four edges
+  std::vector<FeedbackPrimitive> frames;
+  for (std::size_t face = 0; face < drawn.size(); face += 5) {
+    ASSERT_EQ(drawn[face].kind, Kind::kPolygon);
+    ExpectColor(drawn[face], red);
+    FeedbackPrimitive frame{Kind::kPolygon, {}};
+    for (std::size_t edge = 0; edge < 4; ++edge) {
+      const FeedbackPrimitive& line = drawn[face + 1 + edge];
+      ASSERT_EQ(line.kind, Kind::kLine);
+      ExpectColor(line, blue);
+      EXPECT_NEAR(line.vertices[0].x, drawn[face].vertices[edge].x, 1e-2) << face << ' ' << edge;
+      EXPECT_NEAR(line.vertices[0].y, drawn[face].vertices[edge].y, 1e-2) << face << ' ' << edge;
+      frame.vertices.push_back(line.vertices[0]);
+      if (edge == 3) frame.vertices.push_back(line.vertices[1]);
+    }
+    frames.push_back(frame);
+  }
+  // The edges are those of the box; depths of outlined faces seen edge-on aren't reported.
+  ExpectBoxes(frames, {{1, 4, 0, 2, 3, 5}});
   GLfloat width = 0;
   glGetFloatv(GL_LINE_WIDTH, &width);
   EXPECT_EQ(width, 3.0F);
@@ -237,6 +251,19 @@ TEST_F(BarChart25D, BarsThatCannotBePlacedAreLeftOut) {
   ExpectBoxes(Drawn(), {{4, 4, 0, 2, 3, 8}});
   SetUpBars({1, 4}, {nan, 8});
   ExpectBoxes(Drawn(), {{4, 4, 0, 2, 3, 8}});
+}
+
+TEST_F(BarChart25D, AttributesWithoutAPlaceDrawNothing) {
+  using Set = void (CChartObj3D::*)(double);
+  for (const Set set : {&CChartObj3D::SetBaseValue, &CChartObj3D::SetConstValue,
+                        &CChartObj3D::SetConstWidth, &CChartObj3D::SetIndWidth}) {
+    for (const double value :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+      SetUpBars({1, 4}, {5, 8});
+      (bars.*set)(value);
+      EXPECT_TRUE(Drawn().empty());
+    }
+  }
 }
 
 TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
