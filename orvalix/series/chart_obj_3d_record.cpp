@@ -52,7 +52,7 @@ void RecordAs(Record& record, Field& field, int stored) {
 }  // namespace
 
 int CChartObj3D::PointsToSave() const {
-  if (m_pointCount != 0) return CountIn(m_points, m_numDataPnts);
+  if (CountIn(m_points, m_pointCount) != 0) return CountIn(m_points, m_numDataPnts);
   const std::size_t longest = std::max({m_indData.size(), m_depData.size(), m_groupData.size(),
                                         m_depData2.size(), m_barHeights.size()});
   return std::clamp(m_numDataPnts, 0, static_cast<int>(std::min(longest, std::size_t{INT_MAX})));
@@ -60,9 +60,10 @@ int CChartObj3D::PointsToSave() const {
 
 int CChartObj3D::GroupsToSave() const {
   const auto points = static_cast<std::size_t>(PointsToSave());
-  if (points == 0 || m_numGroups < 1) return m_numGroups;
+  const bool hasGroupData = points != 0 && CountIn(m_points, m_pointCount) == 0;
+  if (!hasGroupData) return m_numGroups;
   const std::size_t held = (m_groupData.size() + points - 1) / points;
-  return std::min(m_numGroups, static_cast<int>(std::min(held, std::size_t{INT_MAX})));
+  return std::clamp(m_numGroups, 0, static_cast<int>(std::min(held, std::size_t{INT_MAX})));
 }
 
 template <class Record, class Self>
@@ -96,7 +97,7 @@ void CChartObj3D::RecordAttributes(Record& record, Self& self) {
   RecordAs(record, self.m_segmentColorsCount,
            CountIn(self.m_segmentColors, self.m_segmentColorsCount));
   RecordAs(record, self.m_stringsCount, CountIn(self.m_strings, self.m_stringsCount));
-  record.Field(self.m_polysurfaceFlag);
+  RecordAs(record, self.m_polysurfaceFlag, 0);  // there is no surface that could follow
   RecordAs(record, self.m_numGroups, self.GroupsToSave());
   record.Field(self.m_lineWidth);
   record.Field(self.m_lineStyle);
@@ -121,24 +122,13 @@ void CChartObj3D::RecordAttributes(Record& record, Self& self) {
 template <class Record, class Self>
 void CChartObj3D::RecordArrays(Record& record, Self& self) {
   const std::int64_t points = Record::kReading ? self.m_numDataPnts : self.PointsToSave();
-  const std::int64_t groups = Record::kReading ? self.m_numGroups : self.GroupsToSave();
-  if (self.m_pointCount != 0) {
+  const std::int64_t pointCount = StoredCount<Record>(self.m_points, self.m_pointCount);
+  if (pointCount != 0) {
     // Kept: nothing but its points of a three-dimensional type is stored, not even bar heights;
     // stored charts have no room for them.
     RecordArray(record, self.m_points, points);
-  } else if (points != 0) {
-    RecordArray(record, self.m_indData, points);
-    if (groups == 0) RecordArray(record, self.m_depData, points);
-    if (groups != 0) RecordArray(record, self.m_groupData, groups * points);
-  }
-  if (self.m_pointCount == 0) {
-    if (self.m_dep2Count != 0) {
-      RecordArray(record, self.m_depData2, StoredCount<Record>(self.m_depData2, self.m_dep2Count));
-    }
-    if (self.m_barHeightsCount != 0) {
-      RecordArray(record, self.m_barHeights,
-                  StoredCount<Record>(self.m_barHeights, self.m_barHeightsCount));
-    }
+  } else {
+    RecordScalarArrays(record, self, points);
   }
   if (self.m_groupColorsCount != 0) {
     RecordArray(record, self.m_groupColors,
@@ -154,6 +144,23 @@ void CChartObj3D::RecordArrays(Record& record, Self& self) {
     if (self.m_polysurfaceFlag != 0) throw new CFileException(CFileException::genericException);
   }
   RecordArray(record, self.m_strings, StoredCount<Record>(self.m_strings, self.m_stringsCount));
+}
+
+template <class Record, class Self>
+void CChartObj3D::RecordScalarArrays(Record& record, Self& self, std::int64_t points) {
+  const std::int64_t groups = Record::kReading ? self.m_numGroups : self.GroupsToSave();
+  if (points != 0) {
+    RecordArray(record, self.m_indData, points);
+    if (groups == 0) RecordArray(record, self.m_depData, points);
+    if (groups != 0) RecordArray(record, self.m_groupData, groups * points);
+  }
+  if (self.m_dep2Count != 0) {
+    RecordArray(record, self.m_depData2, StoredCount<Record>(self.m_depData2, self.m_dep2Count));
+  }
+  if (self.m_barHeightsCount != 0) {
+    RecordArray(record, self.m_barHeights,
+                StoredCount<Record>(self.m_barHeights, self.m_barHeightsCount));
+  }
 }
 
 void CChartObj3D::Save(void* file) const {

@@ -213,6 +213,89 @@ TEST(ChartObjRecord, CountsWithoutTheirArraysAreNotPromised) {
   EXPECT_EQ(record.size(), kArrays);
 }
 
+/// Expects that what the object saves can be loaded and is then saved the same.
+void ExpectReadable(const CChartObj3D& object) {
+  const Bytes record = Saved(object);
+  CChartObj3D loaded;
+  EXPECT_EQ(Catch([&] { LoadFrom(loaded, record); }), kNoError);
+  EXPECT_EQ(Saved(loaded), record);
+}
+
+TEST(ChartObjRecord, PointsThatAreGoneLeaveRoomForTheOtherArrays) {
+  const std::array<point3Dtype, 2> points{};
+  const std::array<double, 2> heights{9, 10};
+  CChartObj3D object;
+  object.Set3DPointStorage(points.data(), 2);
+  object.SetBarHeightsStorage(heights.data());
+  object.Delete3DPointStorage();
+  const Bytes record = Saved(object);
+  // Without its points it is no three-dimensional type, so that independent and dependent values
+  // (none: zeros) and the bar heights follow.
+  EXPECT_EQ(IntegerOf(record, kPointCount), 0);
+  ASSERT_EQ(record.size(), kArrays + 3 * 2 * 8);
+  EXPECT_EQ(At<double>(record, kArrays + 40), 10.0);
+  ExpectReadable(object);
+}
+
+TEST(ChartObjRecord, CountsBelow0AreNotStored) {
+  const std::array<double, 2> values{1, 2};
+  const std::array<point3Dtype, 1> points{};
+  const std::array<RGBDType, 1> colors{};
+  CChartObj3D object = SampleBars();
+  object.SetNumDataPnts(-3);  // every count of a storage becomes -3
+  object.InitDepData2Storage(values.data());
+  object.InitBarHeightsStorage(values.data());
+  object.Init3DPointStorage(points.data());
+  object.InitSegmentColorsStorage(colors.data());
+  object.SetNumGroups(-3);
+  object.InitGroupColorsStorage(colors.data());
+  ExpectReadable(object);
+  object.SetNumDataPnts(2);
+  ExpectReadable(object);
+  EXPECT_EQ(IntegerOf(Saved(object), kGroups), 0);
+  EXPECT_EQ(IntegerOf(Saved(object), kPoints), 2);
+}
+
+TEST(ChartObjRecord, GroupsOfAnotherTypeStayWithPoints) {
+  const std::array<point3Dtype, 1> points{};
+  CChartObj3D object;
+  object.Set3DPointStorage(points.data(), 1);
+  object.SetNumGroups(5);  // such a record has no group data that could fall short
+  EXPECT_EQ(IntegerOf(Saved(object), kGroups), 5);
+  ExpectReadable(object);
+}
+
+TEST(ChartObjRecord, WhatAFailedLoadLeavesCanBeSaved) {
+  const Bytes record = Saved(SampleBars());
+  for (const Integer place : {kPoints, kDep2Count, kHeightsCount, kPointCount, kGroupColorsCount,
+                              kSegmentColorsCount, kStringsCount, kPolysurfaceFlag, kGroups}) {
+    for (const int count : {-1, 1, 1000}) {
+      SCOPED_TRACE(::testing::Message() << "field " << place << ", count " << count);
+      Bytes changed = record;
+      PutInteger(changed, place, count);
+      CChartObj3D loaded = SampleBars();
+      Catch([&] { LoadFrom(loaded, changed); });
+      ExpectReadable(loaded);
+    }
+  }
+}
+
+TEST(ChartObjRecord, ReplacesWhatWasThere) {
+  const Bytes record = Saved(SampleBars());
+  const std::array<double, 3> values{7, 8, 9};
+  const std::array<CString, 3> texts{CString("a"), CString("b"), CString("c")};
+  CChartObj3D object;
+  object.SetNumDataPnts(3);
+  object.InitIndDataStorage(values.data());
+  object.InitDepDataStorage(values.data());
+  object.InitDataStringsStorage(texts.data());
+  LoadFrom(object, record);
+  EXPECT_EQ(object.GetNumDataPnts(), 2);
+  EXPECT_EQ(object.GetIndData(0), 1.0);
+  EXPECT_EQ(object.GetDepData(1), 4.0);
+  EXPECT_EQ(Saved(object), record);
+}
+
 TEST(ChartObjRecord, SurvivesEveryTruncation) {
   CChartObj3D object = SampleBars();
   object.SetOutlineMode(9);
@@ -268,54 +351,32 @@ TEST(ChartObjRecord, ReportsFailingFiles) {
   EXPECT_EQ(Catch([&] { object.Save(full.m_hFile); }), (CaughtError{7, 5, "Save"}));
 }
 
-/// A storage routine, with its source of three elements.
-struct Storage {
-  const char* name;
-  void (*init)(CChartObj3D&);
-};
-
-TEST(ChartObjStorageFailure, EveryRoutineReportsItsOwnName) {
-  static const std::array<double, 4> numbers{1, 2, 3, 4};
-  static const std::array<RGBDType, 4> colors{};
-  static const std::array<point3Dtype, 4> points{};
-  static const std::array<CString, 4> texts{};
-  const std::vector<Storage> storages{
-      {"InitIndDataStorage", [](CChartObj3D& o) { o.InitIndDataStorage(numbers.data()); }},
-      {"InitDepDataStorage", [](CChartObj3D& o) { o.InitDepDataStorage(numbers.data()); }},
-      {"InitDepData2Storage", [](CChartObj3D& o) { o.InitDepData2Storage(numbers.data()); }},
-      {"InitBarHeightsStorage", [](CChartObj3D& o) { o.InitBarHeightsStorage(numbers.data()); }},
-      {"InitGroupDataStorage", [](CChartObj3D& o) { o.InitGroupDataStorage(numbers.data()); }},
-      {"InitGroupColorsStorage", [](CChartObj3D& o) { o.InitGroupColorsStorage(colors.data()); }},
-      {"InitSegmentColorsStorage",
-       [](CChartObj3D& o) { o.InitSegmentColorsStorage(colors.data()); }},
-      {"Init3DPointStorage", [](CChartObj3D& o) { o.Init3DPointStorage(points.data()); }},
-      {"InitContourValueStorage",
-       [](CChartObj3D& o) { o.InitContourValueStorage(numbers.data()); }},
-      {"InitContourColorsStorage",
-       [](CChartObj3D& o) { o.InitContourColorsStorage(colors.data()); }},
-      {"InitDataStringsStorage", [](CChartObj3D& o) { o.InitDataStringsStorage(texts.data()); }}};
-  for (const Storage& storage : storages) {
-    SCOPED_TRACE(storage.name);
-    CChartObj3D object;
-    object.SetNumDataPnts(3);
-    object.SetNumGroups(1);
-    object.SetNumContours(3);
-    EXPECT_EQ(Catch([&] {
-                const orvalix::test::AllocationFailure failure(1);
-                storage.init(object);
-              }),
-              (CaughtError{2, 5, storage.name}));
-    EXPECT_EQ(Catch([&] { storage.init(object); }), kNoError);
-  }
+/// Lets each allocation of `work` fail in turn; all have to be reported the same way.
+template <class Work>
+void ExpectEachFailure(const CaughtError& expected, Work&& work) {
+  int errors = 0;
+  const int failures = orvalix::test::FailEachAllocation([&] {
+    const CaughtError caught = Catch(work);
+    errors += caught == expected ? 1 : 0;
+    EXPECT_TRUE(caught == expected || caught == kNoError) << caught;
+  });
+  EXPECT_GT(failures, 0);
+  EXPECT_EQ(errors, failures);
 }
 
-TEST(ChartObjStorageFailure, ImpossibleSizesAreRefused) {
-  const std::array<double, 1> number{1};
-  CChartObj3D object;
-  object.SetNumDataPnts(2147483647);
-  object.SetNumGroups(2147483647);
-  EXPECT_EQ(Catch([&] { object.InitGroupDataStorage(number.data()); }),
-            (CaughtError{2, 5, "InitGroupDataStorage"}));
+TEST(ChartObjRecord, ReportsMemoryThatRunsOut) {
+  const CChartObj3D object = SampleBars();
+  CFile nowhere;
+  ASSERT_TRUE(nowhere.Open("/dev/null", CFile::modeWrite));
+  ExpectEachFailure({2, 5, "Save"}, [&] { object.Save(nowhere.m_hFile); });
+  const orvalix::test::TemporaryFile file(Saved(object));
+  CFile in;
+  ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
+  ExpectEachFailure({2, 5, "Load"}, [&] {
+    in.Seek(0, CFile::begin);
+    CChartObj3D loaded;
+    loaded.Load(in.m_hFile);
+  });
 }
 
 }  // namespace

@@ -6,12 +6,14 @@
 
 #include "orvalix/foundation/colors.h"
 #include "orvalix/series/chart_obj_3d.h"
+#include "support/allocation_failure.h"
 #include "support/caught_error.h"
 
 namespace {
 
 using orvalix::test::Catch;
 using orvalix::test::CaughtError;
+using orvalix::test::kNoError;
 
 constexpr int kHuge = std::numeric_limits<int>::max();
 
@@ -237,6 +239,56 @@ TEST(ChartObjStorage, GroupDataStorageSetsBothCounts) {
   EXPECT_EQ(object.GetGroupColor(1).green, 1.0);
   object.SetBarHeightsStorage(kOneToFour.data());
   EXPECT_EQ(object.GetBarHeight(1), 2.0);
+}
+
+/// A storage routine, with its source of three elements.
+struct Storage {
+  const char* name;
+  void (*init)(CChartObj3D&);
+};
+
+TEST(ChartObjStorageFailure, EveryRoutineReportsItsOwnName) {
+  static const std::array<double, 4> numbers{1, 2, 3, 4};
+  static const std::array<RGBDType, 4> colors{};
+  static const std::array<point3Dtype, 4> points{};
+  static const std::array<CString, 4> texts{};
+  const std::vector<Storage> storages{
+      {"InitIndDataStorage", [](CChartObj3D& o) { o.InitIndDataStorage(numbers.data()); }},
+      {"InitDepDataStorage", [](CChartObj3D& o) { o.InitDepDataStorage(numbers.data()); }},
+      {"InitDepData2Storage", [](CChartObj3D& o) { o.InitDepData2Storage(numbers.data()); }},
+      {"InitBarHeightsStorage", [](CChartObj3D& o) { o.InitBarHeightsStorage(numbers.data()); }},
+      {"InitGroupDataStorage", [](CChartObj3D& o) { o.InitGroupDataStorage(numbers.data()); }},
+      {"InitGroupColorsStorage", [](CChartObj3D& o) { o.InitGroupColorsStorage(colors.data()); }},
+      {"InitSegmentColorsStorage",
+       [](CChartObj3D& o) { o.InitSegmentColorsStorage(colors.data()); }},
+      {"Init3DPointStorage", [](CChartObj3D& o) { o.Init3DPointStorage(points.data()); }},
+      {"InitContourValueStorage",
+       [](CChartObj3D& o) { o.InitContourValueStorage(numbers.data()); }},
+      {"InitContourColorsStorage",
+       [](CChartObj3D& o) { o.InitContourColorsStorage(colors.data()); }},
+      {"InitDataStringsStorage", [](CChartObj3D& o) { o.InitDataStringsStorage(texts.data()); }}};
+  for (const Storage& storage : storages) {
+    SCOPED_TRACE(storage.name);
+    CChartObj3D object;
+    object.SetNumDataPnts(3);
+    object.SetNumGroups(1);
+    object.SetNumContours(3);
+    EXPECT_EQ(Catch([&] {
+                const orvalix::test::AllocationFailure failure(1);
+                storage.init(object);
+              }),
+              (CaughtError{2, 5, storage.name}));
+    EXPECT_EQ(Catch([&] { storage.init(object); }), kNoError);
+  }
+}
+
+TEST(ChartObjStorageFailure, ImpossibleSizesAreRefused) {
+  const std::array<double, 1> number{1};
+  CChartObj3D object;
+  object.SetNumDataPnts(2147483647);
+  object.SetNumGroups(2147483647);
+  EXPECT_EQ(Catch([&] { object.InitGroupDataStorage(number.data()); }),
+            (CaughtError{2, 5, "InitGroupDataStorage"}));
 }
 
 }  // namespace
