@@ -1,6 +1,11 @@
 # How every target of the project is compiled, and how the layers of the library are declared.
 
 find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
+if(NOT TARGET OpenGL::GLU)
+  message(FATAL_ERROR "GLU was not found (Debian: libglu1-mesa-dev)")
+endif()
+find_package(Freetype REQUIRED)
+find_package(Fontconfig REQUIRED)
 
 add_library(orvalix_options INTERFACE)
 target_compile_features(orvalix_options INTERFACE cxx_std_20)

@@ -4,14 +4,18 @@
 #include <cmath>
 #include <limits>
 
+#include "orvalix/axes/axes_3d.h"
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
+#include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
+#include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 
@@ -34,10 +38,12 @@ CChart3D::CChart3D() { InitChartDefaults(); }
 CChart3D::CChart3D(CChartView3D* view) : CChart3D() { InitChart3D(view); }
 
 CChart3D::CChart3D(CChartView3D* view, point3Dtype const& min, point3Dtype const& max,
-                   CTransform3D** transform)
+                   CTransform3D** transform, CAxes3D** axes)
     : CChart3D(view) {
-  CTransform3D* made = NewTransform(min, max);
-  if (transform != nullptr) *transform = made;
+  CTransform3D* madeTransform = NewTransform(min, max);
+  CAxes3D* madeAxes = NewAxes(madeTransform, min, max);
+  if (transform != nullptr) *transform = madeTransform;
+  if (axes != nullptr) *axes = madeAxes;
 }
 
 CChart3D::~CChart3D() = default;
@@ -45,7 +51,7 @@ CChart3D::~CChart3D() = default;
 void CChart3D::InitChartDefaults() {
   const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
   const RGBDType white = SetRGBD(1.0, 1.0, 1.0, 1.0);
-  ++nSelfID;
+  orvalix::CountInstance(nSelfID);
   m_openGL = nullptr;
   m_view = nullptr;
   m_viewAspectFactor = 1.0;
@@ -69,12 +75,13 @@ void CChart3D::InitChartDefaults() {
   m_textureMode = -1;
   m_numTextureColors = 0;
   m_classTag = orvalix::kChartTag;
+  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHART3D, "InitChartDefaults",
+                                [this] { m_header = std::make_unique<CHeader3D>(); });
 }
 
 void CChart3D::InitChart3D(CChartView3D* view) {
-  if (!orvalix::IsTagged(view, orvalix::kChartViewTag)) {
-    orvalix::ThrowError(ERR3D_CVIEW_PARAMETER, ERR3DCLASS_CHART3D, "InitChart3D");
-  }
+  orvalix::RequireTag(view, orvalix::kChartViewTag, ERR3D_CVIEW_PARAMETER, ERR3DCLASS_CHART3D,
+                      "InitChart3D");
   m_view = view;
   m_openGL = view->GetOpenGLPntr();
   if (m_openGL == nullptr) return;
@@ -84,6 +91,8 @@ void CChart3D::InitChart3D(CChartView3D* view) {
   m_openGL->LoadLight(GL_AMBIENT);
   m_openGL->LoadLight(GL_DIFFUSE);
   m_openGL->LoadLight(GL_SPECULAR);
+  m_header->InitHeaders(m_openGL);
+  BindChildren();
 }
 
 void CChart3D::DrawChart() {
@@ -91,7 +100,10 @@ void CChart3D::DrawChart() {
   SetChartPosition(m_position);
   SetupOpenGL();
   SetFontFactors();
+  DrawHeader();
+  DrawAxes();
   DrawChartObjs();
+  DrawChartTexts();
 }
 
 void CChart3D::SetupOpenGL() {
@@ -134,8 +146,22 @@ void CChart3D::SetFontFactors() {
   }
 }
 
+void CChart3D::DrawHeader() {
+  m_header->SetViewAspect(m_viewAspectFactor * m_chartAspect);
+  m_header->SetFontHeightSF(m_fontHeightSF);
+  m_header->DrawHeader();
+}
+
+void CChart3D::DrawAxes() {
+  for (CAxes3D* axes : m_axes) axes->DrawAxes();
+}
+
 void CChart3D::DrawChartObjs() {
   for (CChartObj3D* chartObj : m_chartObjs) chartObj->DrawChartObj();
+}
+
+void CChart3D::DrawChartTexts() {
+  for (CTextObj3D* text : m_chartTexts) text->OutText();
 }
 
 void CChart3D::EnableChart(int flag) { m_chartEnable = flag; }
@@ -221,6 +247,16 @@ int CChart3D::GetNumTextureColors() const { return m_numTextureColors; }
 int CChart3D::GetNumTransforms() const { return m_transforms.Count(); }
 
 CTransform3D* CChart3D::GetTransform(int index) const { return m_transforms.At(index); }
+
+int CChart3D::GetNumAxes() const { return m_axes.Count(); }
+
+CAxes3D* CChart3D::GetAxes(int index) const { return m_axes.At(index); }
+
+int CChart3D::GetNumChartTextObjs() const { return m_chartTexts.Count(); }
+
+CTextObj3D* CChart3D::GetChartTextObj(int index) const { return m_chartTexts.At(index); }
+
+CHeader3D* CChart3D::GetHeader() const { return m_header.get(); }
 
 int CChart3D::GetNumChartObjs() const { return m_chartObjs.Count(); }
 

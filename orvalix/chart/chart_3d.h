@@ -1,24 +1,29 @@
 /// @file
-/// One chart: a rectangle of the view with its transforms and data series.
+/// One chart: a rectangle of the view with its titles, axes, data series and texts.
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include "orvalix/foundation/object_list.h"
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
+class CAxes3D;
 class CChartObj3D;
 class CChartView3D;
+class CHeader3D;
 class COpenGL;
+class CTextObj3D;
 class CTransform3D;
 
 /// A chart inside a view. It clears and frames its rectangle, sets light and colouring by value up
-/// for it, and draws its data series in the order in which they were made.
+/// for it, and draws its titles, then its axes frames, its data series and its texts, each in the
+/// order in which they were made.
 ///
 /// The view makes charts (CChartView3D::NewChart3D()) and deletes them. The chart makes and owns
-/// its transforms and data series; callers never delete them. Every child is drawn through one of
-/// the chart's transforms.
+/// its header, transforms, axes frames, data series and texts; callers never delete them. Every
+/// child is drawn through one of the chart's transforms.
 ///
 /// Properties are stored as they are given and take effect with the next drawing.
 class ORVALIX_API CChart3D {
@@ -28,20 +33,21 @@ class ORVALIX_API CChart3D {
   /// Binds to a view.
   /// @throws CErr3D as InitChart3D()
   explicit CChart3D(CChartView3D* view);
-  /// Binds to a view and makes a transform for the world range from `min` to `max`.
+  /// Binds to a view and makes a transform for the world range from `min` to `max`, and an axes
+  /// frame for the same range.
   /// @param transform when not null, receives the transform; the chart owns it
-  /// @throws CErr3D as InitChart3D() and NewTransform()
+  /// @param axes when not null, receives the axes frame; the chart owns it
+  /// @throws CErr3D as InitChart3D(), NewTransform() and NewAxes()
   CChart3D(CChartView3D* view, point3Dtype const& min, point3Dtype const& max,
-           CTransform3D** transform = nullptr);
+           CTransform3D** transform = nullptr, CAxes3D** axes = nullptr);
   /// Deletes the children.
   ~CChart3D();
   CChart3D(const CChart3D&) = delete;
   CChart3D& operator=(const CChart3D&) = delete;
 
-  /// Sets every property to its default and counts the chart.
-  void InitChartDefaults();
-  /// Binds to a view, which must be initialised and must outlive the chart, and sets its context up
-  /// for shaded drawing. That context is current afterwards.
+  /// Binds the chart, with its header and children, to a view, which must be initialised and must
+  /// outlive the chart, and sets its context up for shaded drawing. That context is current
+  /// afterwards.
   /// @throws CErr3D type 12, class 4, "InitChart3D" for null or something that is no live view
   void InitChart3D(CChartView3D* view);
 
@@ -62,8 +68,75 @@ class ORVALIX_API CChart3D {
   /// Makes a data series that is bound to nothing yet and is not drawn.
   /// @throws CErr3D type 3, class 4, "NewChartObj"
   CChartObj3D* NewChartObj();
+  /// Makes an axes frame for the range from `min` to `max`, drawn through `transform`. It draws
+  /// nothing until its parts are switched on.
+  /// @throws CErr3D class 4, "NewAxes": type 15 for null or something that is no live transform,
+  ///   type 3
+  CAxes3D* NewAxes(CTransform3D* transform, point3Dtype const& min, point3Dtype const& max);
+  /// The same for the transform's whole scale.
+  CAxes3D* NewAxes(CTransform3D* transform);
+  /// The same for the range from `min` to `max`, drawn through the transform made last.
+  CAxes3D* NewAxes(point3Dtype const& min, point3Dtype const& max);
+  /// Makes an axes frame that is bound to nothing yet and is not drawn.
+  /// @throws CErr3D class 4, "NewAxes": type 15 when the chart has no transform, type 3
+  CAxes3D* NewAxes();
+  /// Makes a text that is drawn through `transform` in the context's current font.
+  /// @throws CErr3D class 4, "NewChartTextObj": type 15 for null or something that is no live
+  ///   transform, type 3
+  CTextObj3D* NewChartTextObj(CTransform3D* transform, CString const& text);
+  /// The same, drawn through the chart's first transform.
+  CTextObj3D* NewChartTextObj(CString const& text);
+  /// Makes a text that is bound to nothing yet and is not drawn.
+  /// @throws CErr3D type 3, class 4, "NewChartTextObj"
+  CTextObj3D* NewChartTextObj();
   /// The first transform with that id; null when there is none.
   CTransform3D* MatchTransformID(int id) const;
+  /// @}
+
+  /// @name Scales chosen by the data
+  /// Data that aren't finite numbers are passed over; without any data the range is 0 to 10.
+  /// `toMinorStep` nonzero rounds to minor steps, which fits closer; 0 to major ones.
+  /// @{
+
+  /// A transform for `count` points, rounded with RoundAxis().
+  /// @throws CErr3D as NewTransform()
+  CTransform3D* AutoTransform3D(const point3Dtype* points, int count, int toMinorStep);
+  /// A transform for a 2.5D series; see MinMaxValues25D().
+  /// @throws CErr3D as NewTransform()
+  CTransform3D* AutoTransform25D(const double* x, const double* y, int count, double depth,
+                                 int orientation, int toMinorStep);
+  /// A transform for several 2.5D series: the smallest range that holds all of theirs.
+  /// Kept: the largest values start at 1e-100, so data below 0 alone have a range up to there.
+  /// @param x, y, counts one array, and the length of both, for each of `seriesCount` series
+  /// @throws CErr3D as NewTransform()
+  CTransform3D* AutoTransformN25D(const double* const* x, const double* const* y, const int* counts,
+                                  int seriesCount, double depth, int orientation, int toMinorStep);
+  /// A transform for grouped series: `groupCount` groups of `count` values each, one after another,
+  /// that start from `baseValue`.
+  /// @param groupType 0: side by side, as AutoTransformN25D(); any other: stacked, the sums count
+  /// @throws CErr3D as NewTransform(); type 2, class 4, "AutoTransformGroup25D"
+  CTransform3D* AutoTransformGroup25D(const double* x, const double* groups, double baseValue,
+                                      int count, int groupCount, double depth, int orientation,
+                                      int groupType, int toMinorStep);
+  /// An axes frame for a transform, with tics, labels and places chosen for reading: along the
+  /// bottom edges at the larger y and x, and upright at the left.
+  /// @throws CErr3D as NewAxes()
+  CAxes3D* AutoAxes(CTransform3D* transform);
+  /// The rounded range of a 2.5D series: of its `x` along x, of its `y` along z, and 0 to `depth`
+  /// along y; with orientation 1, `x` along y and the depth along x.
+  void MinMaxValues25D(const double* x, const double* y, int count, double depth, int orientation,
+                       int toMinorStep, point3Dtype& min, point3Dtype& max) const;
+  /// Widens a range outwards to round numbers; always, even where it starts out round. A range of
+  /// no extent becomes 0 to twice its value, or 0 to 10, before that. Limits in the wrong order are
+  /// exchanged; a range that isn't finite stays.
+  void RoundAxis(double& min, double& max, int toMinorStep) const;
+  /// Chooses the tics of an axis: a minor one every `ticSpacing`, a major one every `divisions`
+  /// minor ones from `firstTic` on, and the `decimals` that their labels need. Limits may come in
+  /// either order; a range of no extent is treated as by RoundAxis(). A range that isn't finite has
+  /// a spacing of 0, which draws no tics.
+  /// Kept: for ranges with a negative minimum that don't reach above 0, `firstTic` may lie outside.
+  void CalcAxisTicMarks(double min, double max, double& firstTic, double& ticSpacing,
+                        int& divisions, int& decimals) const;
   /// @}
 
   /// Clears the chart's rectangle and draws everything in it. The view calls this.
@@ -121,6 +194,14 @@ class ORVALIX_API CChart3D {
   /// Addition: number of transforms and the one at `index`, from 0 (null beyond the end).
   int GetNumTransforms() const;
   CTransform3D* GetTransform(int index) const;
+  /// Addition: number of axes frames and the one at `index`, from 0 (null beyond the end).
+  int GetNumAxes() const;
+  CAxes3D* GetAxes(int index) const;
+  /// Addition: number of texts and the one at `index`, from 0 (null beyond the end).
+  int GetNumChartTextObjs() const;
+  CTextObj3D* GetChartTextObj(int index) const;
+  /// Addition: the titles and the footer, owned by the chart.
+  CHeader3D* GetHeader() const;
   /// Addition: number of data series and the one at `index`, from 0 (null beyond the end).
   int GetNumChartObjs() const;
   CChartObj3D* GetChartObj(int index) const;
@@ -146,12 +227,21 @@ class ORVALIX_API CChart3D {
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
 
+  void InitChartDefaults();
+  CAxes3D* AppendUnboundAxes();
+  void BindChildren();
+  void BindAxes(CAxes3D& axes);
+  void BindChartObj(CChartObj3D& chartObj);
+  void BindText(CTextObj3D& text);
   void SetupOpenGL();
   void SetupLight();
   void SetupTexture();
   void SetFontFactors();
   void DrawBorder();
+  void DrawHeader();
+  void DrawAxes();
   void DrawChartObjs();
+  void DrawChartTexts();
 
   COpenGL* m_openGL;          ///< the view's context; not owned
   CChartView3D* m_view;       ///< not owned
@@ -176,6 +266,9 @@ class ORVALIX_API CChart3D {
   int m_textureMode;       ///< negative: no colouring by value
   int m_numTextureColors;  ///< colours set in m_textureColors
   int m_classTag;          ///< 505 marks a live object
+  std::unique_ptr<CHeader3D> m_header;
   orvalix::ObjectList<CTransform3D> m_transforms;
+  orvalix::ObjectList<CAxes3D> m_axes;
+  orvalix::ObjectList<CTextObj3D> m_chartTexts;
   orvalix::ObjectList<CChartObj3D> m_chartObjs;
 };

@@ -1,17 +1,22 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "orvalix/axes/axes_3d.h"
 #include "orvalix/chart/chart_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/render/open_gl.h"
+#include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 
 namespace {
 
-/// Bytes of a transform's record, and the fewest that a data series takes: what a count of them is
-/// held against before any is made.
+/// The fewest bytes that the record of a child takes: what a count of them is held against before
+/// any is made.
 constexpr std::size_t kTransformBytes = 660;
+constexpr std::size_t kLeastAxesBytes = 1000;
+constexpr std::size_t kLeastTextBytes = 140;
 constexpr std::size_t kLeastChartObjBytes = 300;
 
 /// A count, then the record of each object. On reading, `make(chart)` makes the next object, and
@@ -57,18 +62,27 @@ void CChart3D::RecordFields(Record& record, Self& self) {
   record.Field(self.m_textureMaximum);
   record.Field(self.m_textureMode);
   record.Field(self.m_numTextureColors);
+  if constexpr (Record::kReading) {
+    // The array is walked up to this number, so a number from a file must fit it.
+    self.m_numTextureColors =
+        std::clamp(self.m_numTextureColors, 0, static_cast<int>(self.m_textureColors.size()));
+  }
+  record.Child(*self.m_header);
   RecordList(
       record, self, self.m_transforms, kTransformBytes,
       [](auto& chart) { return chart.NewTransform(); }, [](auto&, CTransform3D&) {});
   RecordList(
+      record, self, self.m_axes, kLeastAxesBytes,
+      [](auto& chart) { return chart.AppendUnboundAxes(); },
+      [](auto& chart, CAxes3D& axes) { chart.BindAxes(axes); });
+  RecordList(
+      record, self, self.m_chartTexts, kLeastTextBytes,
+      [](auto& chart) { return chart.NewChartTextObj(); },
+      [](auto& chart, CTextObj3D& text) { chart.BindText(text); });
+  RecordList(
       record, self, self.m_chartObjs, kLeastChartObjBytes,
       [](auto& chart) { return chart.NewChartObj(); },
-      [](auto& chart, CChartObj3D& chartObj) {
-        CTransform3D* transform = chart.MatchTransformID(chartObj.GetOwnerID());
-        if (transform != nullptr && chart.m_openGL != nullptr) {
-          chartObj.InitChartObj3D(chart.m_openGL, transform);
-        }
-      });
+      [](auto& chart, CChartObj3D& chartObj) { chart.BindChartObj(chartObj); });
 }
 
 void CChart3D::Save(void* file) const {
@@ -79,6 +93,4 @@ void CChart3D::Save(void* file) const {
 void CChart3D::Load(void* file) {
   orvalix::LoadRecord(file, ERR3DCLASS_CHART3D,
                       [this](auto& record) { RecordFields(record, *this); });
-  // The array is walked up to this number, so a number from a file must fit it.
-  m_numTextureColors = std::clamp(m_numTextureColors, 0, static_cast<int>(m_textureColors.size()));
 }

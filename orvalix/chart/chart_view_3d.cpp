@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "orvalix/chart/chart_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -38,6 +39,7 @@ CChartView3D::CChartView3D(CWnd* wnd, int width, int height) : CChartView3D() {
 
 CChartView3D::~CChartView3D() {
   DeleteCharts();
+  m_header.reset();
   if (m_openGL) m_openGL->Close();
   m_openGL.reset();
   DeleteBitmap();
@@ -88,6 +90,11 @@ CChart3D* CChartView3D::NewChart3D(const point3Dtype& min, const point3Dtype& ma
   return AppendChart(min, max, transform);
 }
 
+CChart3D* CChartView3D::NewChart3D(const point3Dtype& min, const point3Dtype& max,
+                                   CTransform3D** transform, CAxes3D** axes) {
+  return AppendChart(min, max, transform, axes);
+}
+
 int CChartView3D::GetNumCharts() const { return m_charts.Count(); }
 
 CChart3D* CChartView3D::GetChart(int index) const { return m_charts.At(index); }
@@ -120,7 +127,8 @@ void CChartView3D::SetFont(const CString& name, int weight, int characterCount) 
 
 void CChartView3D::SetFont(const CString& name, int weight, int italics, int underline,
                            int characterCount) {
-  m_fontName = name;
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTVIEW3D, "SetFont",
+                                [&] { m_fontName = name; });
   m_fontWeight = weight;
   m_fontItalics = italics;
   m_fontUnderline = underline;
@@ -147,6 +155,8 @@ void CChartView3D::SetFontUnderline(int flag) {
 int CChartView3D::GetFontUnderline() const { return m_fontUnderline; }
 
 COpenGL* CChartView3D::GetOpenGLPntr() const { return m_openGL.get(); }
+
+CHeader3D* CChartView3D::GetHeader() const { return m_header.get(); }
 
 CDIBSection* CChartView3D::GetDIBSection() const { return m_dib.get(); }
 

@@ -9,8 +9,10 @@
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
+class CAxes3D;
 class CChart3D;
 class CDIBSection;
+class CHeader3D;
 class COpenGL;
 class CTransform3D;
 
@@ -52,11 +54,14 @@ class ORVALIX_API CChartView3D {
   /// Makes an empty chart that fills the view.
   /// @throws CErr3D type 3, class 6, "NewChart3D"
   CChart3D* NewChart3D();
-  /// Makes a chart with a transform for the world range from `min` to `max`.
+  /// Makes a chart with a transform, and an axes frame, for the world range from `min` to `max`.
   /// @throws CErr3D type 3, class 6, "NewChart3D"
   CChart3D* NewChart3D(const point3Dtype& min, const point3Dtype& max);
   /// The same; the transform, which the chart owns, is also stored through `transform`.
   CChart3D* NewChart3D(const point3Dtype& min, const point3Dtype& max, CTransform3D** transform);
+  /// The same; the axes frame, which the chart owns, is also stored through `axes`.
+  CChart3D* NewChart3D(const point3Dtype& min, const point3Dtype& max, CTransform3D** transform,
+                       CAxes3D** axes);
   /// Addition: number of charts and the one at `index`, from 0 (null beyond the end).
   int GetNumCharts() const;
   CChart3D* GetChart(int index) const;
@@ -113,6 +118,7 @@ class ORVALIX_API CChartView3D {
   int GetBorderEnable() const;
   /// Face, weight (700 is bold) and number of characters, from code 0, of all texts; the next
   /// drawing registers the font. Default "Arial", 700, 128.
+  /// @throws CErr3D type 2, class 6, "SetFont"
   void SetFont(const CString& name, int weight, int characterCount);
   void SetFont(const CString& name, int weight, int italics, int underline, int characterCount);
   CString GetFontName() const;
@@ -125,6 +131,9 @@ class ORVALIX_API CChartView3D {
   int GetFontUnderline() const;
   /// The rendering context, owned by the view; null until the view is initialised.
   COpenGL* GetOpenGLPntr() const;
+  /// Addition: the titles and the footer of the whole view, owned by the view; they lie under the
+  /// charts. Null until the view is initialised.
+  CHeader3D* GetHeader() const;
   /// Addition: the bitmap, owned by the view; null until the view is initialised.
   CDIBSection* GetDIBSection() const;
   /// Size in pixels of the last drawing.
@@ -151,6 +160,7 @@ class ORVALIX_API CChartView3D {
   void DrawToDC(CDC* dc, int x, int y);
   void DrawView();
   void DrawBorder();
+  void DrawHeader();
   void DrawCharts();
   void RegisterChangedFont();
   void CopyBitmap(CDC* dc, int x, int y, int width, int height);
@@ -185,5 +195,6 @@ class ORVALIX_API CChartView3D {
   std::unique_ptr<CDIBSection> m_dib;
   CDC m_memoryDC;
   std::unique_ptr<COpenGL> m_openGL;
+  std::unique_ptr<CHeader3D> m_header;
   orvalix::ObjectList<CChart3D> m_charts;
 };

@@ -3,6 +3,7 @@
 
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
@@ -23,6 +24,9 @@ void CChartView3D::InitChartView3D(CDC* dc) {
   MakeCompatibleDC(dc);
   MakeCompatibleBitmap(m_requestedWidth, m_requestedHeight, dc);
   MakeCompatibleOpenGL(dc);
+  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTVIEW3D, "InitChartView3D",
+                                [this] { m_header = std::make_unique<CHeader3D>(m_openGL.get()); });
+  for (CChart3D* chart : m_charts) chart->InitChart3D(this);
 }
 
 void CChartView3D::MakeCompatibleDC(CDC* dc) {

@@ -1,5 +1,6 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
@@ -9,6 +10,7 @@ namespace {
 
 /// The fewest bytes that a chart's record takes: what a count of charts is held against.
 constexpr std::size_t kLeastChartBytes = 8000;
+constexpr std::size_t kLeastLegendBytes = 100;
 
 }  // namespace
 
@@ -30,6 +32,15 @@ void CChartView3D::RecordFields(Record& record, Self& self) {
     for (int i = 0; i < charts; ++i) record.Child(*self.NewChart3D());
   } else {
     for (CChart3D* chart : self.m_charts) record.Child(*chart);
+  }
+  int legends = 0;
+  record.Count(legends, kLeastLegendBytes);
+  if (self.m_header) {
+    record.Child(*self.m_header);
+  } else {
+    // A view that isn't initialised has no titles yet.
+    CHeader3D none;
+    record.Child(none);
   }
 }
 

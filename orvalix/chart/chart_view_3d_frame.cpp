@@ -1,6 +1,7 @@
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -10,8 +11,8 @@
 
 namespace {
 
-/// Depth with which the view's font is registered.
-constexpr double kFontDepth = 0.2;
+/// Size in which the view's font is registered.
+constexpr double kFontSize = 0.2;
 
 void RequireDC(const CDC* dc) {
   if (dc == nullptr) {
@@ -45,6 +46,7 @@ void CChartView3D::DrawViewScreen() {
 }
 
 void CChartView3D::DrawToDC(CDC* dc, int x, int y) {
+  if (m_viewWidth < 1 || m_viewHeight < 1) return;
   DrawView();
   const HPALETTE previous = SelectPalette(dc->GetSafeHdc(), m_dib->GetPaletteHandle(), FALSE);
   RealizePalette(dc->GetSafeHdc());
@@ -79,6 +81,7 @@ void CChartView3D::DrawView() {
   m_openGL->LoadIdentity();
   if (m_borderEnable != 0) DrawBorder();
   if (m_fontChanged) RegisterChangedFont();
+  DrawHeader();
   if (!m_charts.IsEmpty()) DrawCharts();
   m_openGL->Flush();
   m_openGL->UpdateBitmap(m_viewWidth, m_viewHeight);
@@ -89,9 +92,16 @@ void CChartView3D::DrawBorder() {
 }
 
 void CChartView3D::RegisterChangedFont() {
-  m_openGL->RegisterFont(m_fontName, kFontDepth, m_fontWeight, m_fontItalics, m_fontUnderline,
+  m_openGL->RegisterFont(m_fontName, kFontSize, m_fontWeight, m_fontItalics, m_fontUnderline,
                          m_fontCharacters);
   m_fontChanged = false;
+}
+
+void CChartView3D::DrawHeader() {
+  // Charts leave a font size of their own behind; each frame starts out with the registered one.
+  m_openGL->SetFontScaleFactor(kFontSize);
+  m_header->SetViewAspect(m_viewAspect);
+  m_header->DrawHeader();
 }
 
 void CChartView3D::DrawCharts() {

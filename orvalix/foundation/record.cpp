@@ -13,6 +13,8 @@ constexpr std::size_t kBlock = std::size_t{1} << 16;
 
 /// What BytesLeft() says of a pipe or a device.
 constexpr std::uint64_t kUnknownLength = std::numeric_limits<std::uint64_t>::max();
+/// Elements at most in a file that has no end to tell, such as a pipe.
+constexpr int kMostOfUnknownLength = 10000;
 
 /// The bits of a number, wide enough for every kind.
 std::uint64_t BitsOf(int value) { return static_cast<std::uint32_t>(value); }
@@ -162,6 +164,7 @@ void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
   std::array<int, 1> number;
   if (!TakeNumbers(number)) return;
   RequireRoom(number[0], leastBytesPerElement);
+  if (BytesLeft(m_file) == kUnknownLength && number[0] > kMostOfUnknownLength) ThrowEnd();
   count = number[0];
 }
 

@@ -112,7 +112,8 @@ class RecordReader {
   }
   /// The same for texts.
   void Array(std::vector<CString>& values, std::int64_t count);
-  /// A number of elements that follow, each of at least that many bytes.
+  /// A number of elements that follow, each of at least that many bytes. A file that has no end to
+  /// tell isn't trusted with more than ten thousand.
   void Count(int& count, std::size_t leastBytesPerElement);
   /// The record of an owned object.
   template <class T>

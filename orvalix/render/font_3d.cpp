@@ -1,15 +1,27 @@
 #include "orvalix/render/font_3d.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <new>
+#include <vector>
+
 #include "orvalix/foundation/class_tags_internal.h"
+#include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/glyph_solid_internal.h"
 #include "orvalix/render/open_gl.h"
+#include "orvalix/render/outline_face_internal.h"
 
 namespace {
 
 constexpr int kBold = 700;
 constexpr LONG kFontHeight = -28;
 constexpr LONG kNormalWeight = 400;
+/// The chordal deviation is told in units of the font's height.
+constexpr double kDeviationUnitsPerEm = -kFontHeight;
 
 }  // namespace
 
@@ -23,7 +35,7 @@ CFont3D::CFont3D(COpenGL* context, CDC* deviceContext, int listBase) {
 }
 
 void CFont3D::InitFontDefaults() {
-  ++nSelfID;
+  orvalix::CountInstance(nSelfID);
   m_context = nullptr;
   m_metrics = {};
   m_deviceContext = nullptr;
@@ -32,6 +44,8 @@ void CFont3D::InitFontDefaults() {
   m_description.lfWeight = kNormalWeight;
   m_spare = 0;
   m_listBase = 0;
+  m_builtListBase = 0;
+  m_builtChars = 0;
   m_italic = 0;
   m_underline = 0;
   m_weight = kBold;
@@ -49,22 +63,105 @@ void CFont3D::InitFont(COpenGL* context, CDC* deviceContext, int listBase) {
   if (deviceContext == nullptr || deviceContext->GetSafeHdc() == nullptr) {
     orvalix::ThrowError(ERR3D_CDC_PARAMETER, ERR3DCLASS_FONT3D, "InitFont");
   }
-  if (!orvalix::IsTagged(context, orvalix::kOpenGLTag)) {
-    orvalix::ThrowError(ERR3D_OPENGL_PARAMETER, ERR3DCLASS_FONT3D, "InitFont");
-  }
+  orvalix::RequireTag(context, orvalix::kOpenGLTag, ERR3D_OPENGL_PARAMETER, ERR3DCLASS_FONT3D,
+                      "InitFont");
   m_context = context;
   m_deviceContext = deviceContext;
   m_listBase = listBase;
 }
 
-int CFont3D::RegisterFont(CString const&, double scale, int weight, int italic, int underline,
+int CFont3D::RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                           int numChars) {
   m_numChars = numChars;
   m_italic = italic;
   m_underline = underline;
   m_weight = weight;
   m_requestedSize = scale;
-  return 0;
+  DescribeFont(face);
+  if (m_context == nullptr) return 0;
+  try {
+    const std::vector<orvalix::Glyph> glyphs =
+        orvalix::LoadGlyphs({.name = face,
+                             .weight = weight,
+                             .italic = italic != 0,
+                             .underline = underline != 0,
+                             .count = std::min(numChars, static_cast<int>(m_metrics.size())),
+                             .deviation = m_rendering / kDeviationUnitsPerEm});
+    if (glyphs.empty()) return 0;
+    std::vector<orvalix::GlyphSolid> solids;
+    solids.reserve(glyphs.size());
+    for (const orvalix::Glyph& glyph : glyphs) solids.push_back(orvalix::FillGlyph(glyph));
+    const CString name = face;
+    CompileLists(glyphs, solids);
+    m_faceName = name;
+  } catch (const std::bad_alloc&) {
+    return 0;
+  }
+  m_scaleFactor = scale;
+  return 1;
+}
+
+void CFont3D::DescribeFont(CString const& face) {
+  m_description.lfWeight = m_weight;
+  m_description.lfItalic = m_italic != 0;
+  m_description.lfUnderline = m_underline != 0;
+  // A longer name is cut here; the face is looked for with all of it.
+  std::snprintf(m_description.lfFaceName, sizeof m_description.lfFaceName, "%s", face.GetString());
+}
+
+void CFont3D::CompileLists(const std::vector<orvalix::Glyph>& glyphs,
+                           const std::vector<orvalix::GlyphSolid>& solids) {
+  m_context->MakeCurrent();
+  glDeleteLists(static_cast<GLuint>(m_builtListBase), m_builtChars);
+  m_metrics = {};
+  m_builtListBase = m_listBase;
+  m_builtChars = static_cast<int>(glyphs.size());
+  for (std::size_t code = 0; code < glyphs.size(); ++code) {
+    m_metrics[code] = glyphs[code].metrics;
+    glNewList(static_cast<GLuint>(m_listBase) + static_cast<GLuint>(code), GL_COMPILE);
+    orvalix::SendGlyphSolid(solids[code], m_extrusion);
+    glTranslatef(m_metrics[code].gmfCellIncX, m_metrics[code].gmfCellIncY, 0.0F);
+    glEndList();
+  }
+}
+
+const GLYPHMETRICSFLOAT& CFont3D::MetricsOf(char character) const {
+  static constexpr GLYPHMETRICSFLOAT kNone{};
+  const std::size_t code = static_cast<unsigned char>(character);
+  return static_cast<int>(code) < m_numChars ? m_metrics[code] : kNone;
+}
+
+double CFont3D::TextWidth3D(CString const& text) const {
+  double width = 0.0;
+  for (int i = 0; i < text.GetLength(); ++i) {
+    width += static_cast<double>(MetricsOf(text[i]).gmfCellIncX);
+  }
+  return width * m_scaleFactor;
+}
+
+double CFont3D::TextHeight3D(CString const& text) const {
+  double height = 0.0;
+  for (int i = 0; i < text.GetLength(); ++i) {
+    height = std::max(height, static_cast<double>(MetricsOf(text[i]).gmfBlackBoxY));
+  }
+  return height * m_scaleFactor;
+}
+
+double CFont3D::TextDiagonal3D(CString const& text) const {
+  return std::hypot(TextWidth3D(text), TextHeight3D(text));
+}
+
+GLYPHMETRICSFLOAT CFont3D::GetGlyphMetrics(int code) const {
+  if (code < 0 || code >= static_cast<int>(m_metrics.size())) return {};
+  return MetricsOf(static_cast<char>(code));
+}
+
+void CFont3D::DrawText3D(CString const& text) const {
+  glListBase(static_cast<GLuint>(m_listBase));
+  glEnable(GL_CULL_FACE);
+  glCullFace(GL_BACK);
+  glCallLists(text.GetLength(), GL_UNSIGNED_BYTE, text.GetString());
+  glDisable(GL_CULL_FACE);
 }
 
 int CFont3D::RegisterFont(CString const& face, double scale, int weight, int italic, int numChars) {

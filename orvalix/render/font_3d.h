@@ -3,10 +3,16 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "orvalix/host/host.h"
 
 class COpenGL;
+
+namespace orvalix {
+struct Glyph;
+struct GlyphSolid;
+}  // namespace orvalix
 
 /// One outline font of a rendering context: its description, its measures and the names of its
 /// display lists, one per character code.
@@ -29,28 +35,56 @@ class ORVALIX_API CFont3D {
   ///   handle, type 16 for something that is no live rendering context
   void InitFont(COpenGL* context, CDC* deviceContext, int listBase);
 
-  /// Builds the display lists of the first `numChars` characters of a face.
+  /// Builds the display lists of the first characters of a face: each draws its character,
+  /// extruded away from z = 0, and moves on to the next one's place. Lengths are in em. What was
+  /// built before is dropped. The font's context is current afterwards, and the lists live as long
+  /// as it does.
   ///
-  /// No face is opened yet: the request is recorded, scale factor and face name stay as they were,
-  /// and the result is 0, as on a machine without fonts. Charts are drawn without text.
-  /// @return nonzero on success
+  /// When no face is installed, or there is no context, the request is noted but scale factor, face
+  /// name and lists stay as they were; charts are then drawn without text.
+  /// @param face family; the nearest installed one is taken
+  /// @param scale font scale factor: from em to normalised units
+  /// @param weight 400 is normal, 700 bold
+  /// @param italic, underline nonzero: slanted; a bar below each character
+  /// @param numChars character codes, from 0, of Windows Latin-1; at most 256 are built
+  /// @return nonzero on success; 0 also when numChars is below 1 or memory runs out
   int RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                    int numChars);
   /// The same without underline.
   int RegisterFont(CString const& face, double scale, int weight, int italic, int numChars);
 
-  /// Depth of the characters behind their front face. Default 0.01 em.
+  /// Depth in em of the characters behind their front face; 0 or below: none. Default 0.01.
+  /// RegisterFont() heeds it.
   void SetFontExtrusion(double extrusion);
   double GetFontExtrusion() const;
-  /// Largest distance between a curve and the lines that stand for it. Default 0.1.
+  /// Largest distance between a curve and the lines that stand for it, in units of which an em has
+  /// 28; 0 or below: as fine as the face's own grid. Default 0.1. RegisterFont() heeds it.
   void SetFontRendering(double deviation);
   double GetFontRendering() const;
-  /// Factor from glyph units to reported sizes. Default 0.05.
+  /// Factor from em to reported and drawn sizes. Default 0.05.
   void SetFontScaleFactor(double factor);
   double GetFontScaleFactor() const;
   /// Number of character codes, from 0, that have display lists. Default 128.
   void SetNumFontChars(int count);
   int GetNumFontChars() const;
+  /// @name Measures of a text in normalised units
+  /// Its bytes are character codes; those at or above GetNumFontChars() count as nothing.
+  /// @{
+
+  /// The sum of the characters' cell widths.
+  double TextWidth3D(CString const& text) const;
+  /// The height of the highest black box; what lies below the base line counts too.
+  double TextHeight3D(CString const& text) const;
+  /// The root of width squared plus height squared.
+  double TextDiagonal3D(CString const& text) const;
+  /// Addition: the measures of a character in em; all 0 for one that has none.
+  GLYPHMETRICSFLOAT GetGlyphMetrics(int code) const;
+  /// @}
+
+  /// Addition: draws a text from the origin of the current matrix along x, in em. Only what faces
+  /// the viewer is drawn. The matrix then stands behind the last character.
+  void DrawText3D(CString const& text) const;
+
   /// Addition: name of the display list of character 0.
   int GetListBase() const;
   /// Addition: the face last registered. Default "Arial".
@@ -72,12 +106,19 @@ class ORVALIX_API CFont3D {
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
 
+  void DescribeFont(CString const& face);
+  void CompileLists(const std::vector<orvalix::Glyph>& glyphs,
+                    const std::vector<orvalix::GlyphSolid>& solids);
+  const GLYPHMETRICSFLOAT& MetricsOf(char character) const;
+
   COpenGL* m_context;                            ///< not owned
   std::array<GLYPHMETRICSFLOAT, 256> m_metrics;  ///< by character code, in em
   CDC* m_deviceContext;                          ///< not owned
   LOGFONTA m_description;                        ///< what the platform is asked for
   int m_spare;                                   ///< stored and persisted only
   int m_listBase;                                ///< display list of character 0
+  int m_builtListBase;                           ///< the same when the lists were built
+  int m_builtChars;                              ///< lists that were built
   int m_italic;                                  ///< last italic request
   int m_underline;                               ///< last underline request
   int m_weight;                                  ///< last weight request

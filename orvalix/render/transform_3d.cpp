@@ -1,6 +1,7 @@
 #include "orvalix/render/transform_3d.h"
 
 #include "orvalix/foundation/class_tags_internal.h"
+#include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/logarithms.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/save_record_internal.h"
@@ -57,14 +58,13 @@ void CTransform3D::SetTransformDefaults() {
   m_fontAspect = 1.0;
   m_fontHeightSF = 1.0;
   m_classTag = orvalix::kTransformTag;
-  m_id = ++nSelfID;
+  m_id = orvalix::CountInstance(nSelfID);
 }
 
 void CTransform3D::InitTransform(COpenGL* context) {
   m_context = nullptr;
-  if (!orvalix::IsTagged(context, orvalix::kOpenGLTag)) {
-    orvalix::ThrowError(ERR3D_OPENGL_PARAMETER, ERR3DCLASS_TRANSFORM3D, "InitTransform");
-  }
+  orvalix::RequireTag(context, orvalix::kOpenGLTag, ERR3D_OPENGL_PARAMETER, ERR3DCLASS_TRANSFORM3D,
+                      "InitTransform");
   m_context = context;
 }
 

@@ -2,6 +2,7 @@
 
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
+#include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/transform_3d.h"
@@ -27,7 +28,7 @@ CChartObj3D::CChartObj3D(COpenGL* context, CTransform3D* transform) {
 
 void CChartObj3D::InitChartObjDefaults() {
   const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
-  ++nSelfID;
+  orvalix::CountInstance(nSelfID);
   m_openGL = nullptr;
   m_transform = nullptr;
   m_constValue = 0.0;
