@@ -33,13 +33,38 @@ void BuildTemperatureScene(CChartView3D& view, const std::string& dataFolder) {
   // The bars stand on a floor below the coldest year.
   constexpr double kFloor = -0.6;
   view.EnableBorder(0);
+  view.SetFont("Arial", 400, 256);
   CTransform3D* transform = nullptr;
   CChart3D* chart =
       view.NewChart3D({1879.0, 0.0, kFloor, 0.0}, {2024.0, 1.0, 1.2, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetChartBkColor(SetRGBD(0.96, 0.97, 0.98, 1.0));
-  transform->SetChartRect({0.93, 0.16, 0.74, 0.0});
+  chart->SetFontSize(0.075);
+  chart->GetHeader()->SetTitle1("Global surface temperature");
+  chart->GetHeader()->SetTitle2("difference from the mean of 1951 to 1980 in \260C");
+  chart->GetHeader()->GetTitle2Obj()->SetCharSize(0.7);
+  transform->SetChartRect({0.82, 0.16, 0.62, 0.0});
+  transform->SetOffset({0.04, 0.0, -0.05, 0.0});
   transform->SetRotate({-16.0, 0.0, 9.0, 0.0});
+
+  CAxes3D* axes = chart->AutoAxes(transform);
+  const RGBDType wall = SetRGBD(0.90, 0.92, 0.95, 1.0);
+  const RGBDType edge = SetRGBD(0.55, 0.58, 0.64, 1.0);
+  for (const int plane : {0, 1, 2}) {
+    axes->SetPlaneColor(plane, wall, edge);
+    axes->SetPlaneColorMode(plane, 0);
+    axes->SetWallThickness(plane, 0.02);
+  }
+  const int yearTics = axes->GetAxisNthTicMajor(0);
+  const int valueTics = axes->GetAxisNthTicMajor(2);
+  axes->SetPlaneGrid(1, yearTics, valueTics, edge, 1.0, 0, 0);
+  axes->SetPlaneGrid(2, 0, valueTics, edge, 1.0, 0, 0);
+  axes->SetAxisMajorTicLength(2, 0.02);
+  axes->SetAxisMinorTicLength(2, 0.01);
+  // The row of a single series needs no axis of its own.
+  axes->EnableAxis(1, 0);
+  axes->EnableAxisLabels(1, 0);
+  axes->SetAxisTitleString(0, "Year");
 
   CChartObj3D* bars = chart->NewChartObj(transform);
   bars->BarChart25D(years.data(), anomalies.data(), kFloor, 0.5, static_cast<int>(years.size()),
