@@ -262,7 +262,8 @@ class ORVALIX_API CChartObj3D {
   /// @name Record
   /// @{
 
-  /// Writes the series to an open file. Null does nothing.
+  /// Writes the series to an open file. Null does nothing. A series of values is saved with the
+  /// points that it has independent and dependent (or group) values for, without either with none.
   /// @throws CErr3D type 7, class 5, "Save"
   void Save(void* file) const;
   /// Reads a series from an open file; the series counter becomes the stored one. Null does

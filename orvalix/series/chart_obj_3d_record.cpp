@@ -53,9 +53,13 @@ void RecordAs(Record& record, Field& field, int stored) {
 
 int CChartObj3D::PointsToSave() const {
   if (CountIn(m_points, m_pointCount) != 0) return CountIn(m_points, m_numDataPnts);
-  const std::size_t longest = std::max({m_indData.size(), m_depData.size(), m_groupData.size(),
-                                        m_depData2.size(), m_barHeights.size()});
-  return std::clamp(m_numDataPnts, 0, static_cast<int>(std::min(longest, std::size_t{INT_MAX})));
+  // Whoever reads points expects values for both axes: without the ones or the others there are no
+  // points, as none are drawn, and not points at zero.
+  if (m_indData.empty()) return 0;
+  const bool hasGroups = m_numGroups > 0 && !m_groupData.empty();
+  const std::size_t points = hasGroups ? std::max(m_indData.size(), m_groupData.size())
+                                       : std::min(m_indData.size(), m_depData.size());
+  return std::clamp(m_numDataPnts, 0, static_cast<int>(std::min(points, std::size_t{INT_MAX})));
 }
 
 int CChartObj3D::GroupsToSave() const {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "orvalix/foundation/colors.h"
@@ -266,13 +268,40 @@ TEST_F(BarChart25D, AttributesWithoutAPlaceDrawNothing) {
   }
 }
 
-TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
-  SetUpBars({1}, {20});
-  bars.SetClipping(1);
-  for (const auto& face : Drawn()) {
-    // The upper limit 10 and the margin 10 * 0.00123456 lie at 150.1 pixels.
-    for (const FeedbackVertex& vertex : face.vertices) EXPECT_LT(vertex.y, 150.2);
+/// The lowest and the highest pixel of what was drawn.
+std::pair<double, double> RangeOf(const std::vector<FeedbackPrimitive>& drawn) {
+  std::pair<double, double> range{std::numeric_limits<double>::infinity(),
+                                  -std::numeric_limits<double>::infinity()};
+  for (const FeedbackPrimitive& face : drawn) {
+    for (const FeedbackVertex& vertex : face.vertices) {
+      range.first = std::min(range.first, vertex.y);
+      range.second = std::max(range.second, vertex.y);
+    }
   }
+  return range;
+}
+
+// The scale from 0 to 10 lies at 50 to 150 pixels; the clip planes stand 0.00123456 of that higher.
+TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
+  SetUpBars({1}, {12});
+  EXPECT_NEAR(RangeOf(Drawn()).second, 170.0, 0.01);
+  bars.SetClipping(1);
+  auto drawn = Drawn();
+  ASSERT_FALSE(drawn.empty());
+  EXPECT_NEAR(RangeOf(drawn).first, 50.12, 0.01);
+  EXPECT_NEAR(RangeOf(drawn).second, 150.12, 0.01);
+
+  SetUpBars({1}, {3}, -5.0);  // from -5 to 3
+  EXPECT_NEAR(RangeOf(Drawn()).first, 50.12, 0.01);
+  EXPECT_NEAR(RangeOf(Drawn()).second, 80.0, 0.01);
+  SetUpBars({1}, {-1}, -5.0);  // below the scale altogether
+  EXPECT_TRUE(Drawn().empty());
+}
+
+TEST_F(BarChart25D, ClippingLeavesWhatIsInside) {
+  SetUpBars({1, 4}, {5, 8}, 2.0);
+  bars.SetClipping(1);
+  ExpectBoxes(Drawn(), {{1, 4, 2, 2, 3, 3}, {4, 4, 2, 2, 3, 6}});
 }
 
 }  // namespace

@@ -199,14 +199,13 @@ TEST(ChartObjRecord, ThreeDimensionalTypesLoseTheirBarHeights) {
 TEST(ChartObjRecord, CountsWithoutTheirArraysAreNotPromised) {
   CChartObj3D object = SampleBars();
   object.SetNumDataPnts(2147483647);
-  object.DeleteDepDataStorage();
   object.SetNumGroups(5);  // without group data
   Bytes record = Saved(object);
   EXPECT_EQ(IntegerOf(record, kPoints), 2);
   EXPECT_EQ(IntegerOf(record, kGroups), 0);
   ASSERT_EQ(record.size(), kArrays + 4 * 8);
   EXPECT_EQ(At<double>(record, kArrays + 8), 2.0);
-  EXPECT_EQ(At<double>(record, kArrays + 16), 0.0);  // no dependent values: zeros
+  EXPECT_EQ(At<double>(record, kArrays + 16), 3.0);
   object.DeleteIndDataStorage();
   record = Saved(object);
   EXPECT_EQ(IntegerOf(record, kPoints), 0);
@@ -229,11 +228,12 @@ TEST(ChartObjRecord, PointsThatAreGoneLeaveRoomForTheOtherArrays) {
   object.SetBarHeightsStorage(heights.data());
   object.Delete3DPointStorage();
   const Bytes record = Saved(object);
-  // Without its points it is no three-dimensional type, so that independent and dependent values
-  // (none: zeros) and the bar heights follow.
+  // Without its points it is no three-dimensional type, so that the bar heights follow; there are
+  // no independent and dependent values, so no points of them.
   EXPECT_EQ(IntegerOf(record, kPointCount), 0);
-  ASSERT_EQ(record.size(), kArrays + 3 * 2 * 8);
-  EXPECT_EQ(At<double>(record, kArrays + 40), 10.0);
+  EXPECT_EQ(IntegerOf(record, kPoints), 0);
+  ASSERT_EQ(record.size(), kArrays + 2 * 8);
+  EXPECT_EQ(At<double>(record, kArrays + 8), 10.0);
   ExpectReadable(object);
 }
 

@@ -8,10 +8,12 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/transform_3d.h"
 #include "support/caught_error.h"
+#include "support/feedback.h"
 #include "support/offscreen.h"
 
 namespace {
 
+using orvalix::test::CaptureFeedback;
 using orvalix::test::Catch;
 using orvalix::test::CaughtError;
 using orvalix::test::Offscreen;
@@ -186,6 +188,20 @@ TEST(ChartObj3D, LeavesItsStateForEveryType) {
     EXPECT_EQ(target.gl->GetPolygonOutlineMode(), 0);
     EXPECT_EQ(target.gl->GetColorMode(), 2);
     EXPECT_EQ(transform.GetClipping(), 0);
+  }
+}
+
+TEST(ChartObj3D, NumbersWithoutATypeDrawNothing) {
+  Offscreen target;
+  CTransform3D transform(target.gl.get(), {0, 0, 0, 0}, {10, 10, 10, 0});
+  const std::array<double, 1> values{5};
+  CChartObj3D object(target.gl.get(), &transform);
+  object.BarChart25D(values.data(), values.data(), 0, 4, 1, 2, 3, SetRGBD(1, 0, 0, 1),
+                     SetRGBD(0, 0, 1, 1), 0, 0, 0);
+  EXPECT_FALSE(CaptureFeedback([&] { object.DrawChartObj(); }).empty());
+  for (const int type : {0, 19, -1, 2147483647}) {
+    object.SetChartType(type);
+    EXPECT_TRUE(CaptureFeedback([&] { object.DrawChartObj(); }).empty()) << type;
   }
 }
 
