@@ -229,7 +229,7 @@ void CChart3D::SetTextureMode(int mode) { m_textureMode = mode; }
 int CChart3D::GetTextureMode() const { return m_textureMode; }
 
 void CChart3D::SetTextureColorArray(const RGBDType* colors, double min, double max, int count) {
-  if (colors == nullptr || count < 1) return;
+  if (count < 0 || (colors == nullptr && count > 0)) return;
   m_numTextureColors = std::min(count, static_cast<int>(m_textureColors.size()));
   std::copy_n(colors, m_numTextureColors, m_textureColors.begin());
   m_textureMinimum = min;

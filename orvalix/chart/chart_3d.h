@@ -185,7 +185,7 @@ class ORVALIX_API CChart3D {
   void SetTextureMode(int mode);
   int GetTextureMode() const;
   /// Copies the colours from `min` to `max` for colouring by value. At most 258 are kept, of which
-  /// the first 256 are used; a count below 1 or null does nothing.
+  /// the first 256 are used; 0 leaves no colours. A negative count, or null, does nothing.
   void SetTextureColorArray(const RGBDType* colors, double min, double max, int count);
   /// Copies the colours and their range out; `colors` must have room for GetNumTextureColors().
   /// Null pointers are passed over.

@@ -91,7 +91,9 @@ Range RoundRange(Range range, bool toMinorStep) {
   const double step = toMinorStep ? pattern.multiplier : pattern.multiplier * pattern.divisions;
   const double high = (std::trunc(grid.High() / step) + 1.0) * step * grid.Unit();
   const double low = std::trunc((grid.Low() - 1.0) / step) * step * grid.Unit();
-  return grid.Return(low, high);
+  const Range rounded = grid.Return(low, high);
+  // Far from 0 the grid is finer than numbers are.
+  return {std::min(rounded.min, wide.min), std::max(rounded.max, wide.max)};
 }
 
 TicMarks ChooseTicMarks(Range range) {

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <array>
 #include <cstring>
 
 #include "chart/view_fixture.h"
+#include "orvalix/chart/header_3d.h"
+#include "orvalix/host/file_handle_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "support/caught_error.h"
 #include "support/temporary_file.h"
@@ -26,6 +31,10 @@ constexpr std::size_t kTextureColors = 268;
 constexpr std::size_t kTextureMinimum = 268 + 258 * 32;
 constexpr std::size_t kTextureMode = kTextureMinimum + 16;
 constexpr std::size_t kOwnFields = kTextureMode + 8;
+/// The record of a header with empty texts: 44 bytes and three texts of 152.
+constexpr std::size_t kHeader = 44 + 3 * 152;
+/// The counts of transforms, axes frames, texts and data series.
+constexpr std::size_t kCounts = kOwnFields + kHeader;
 
 template <class T>
 T At(const Bytes& bytes, std::size_t offset) {
@@ -57,8 +66,10 @@ TEST(Chart3DRecord, HoldsTheFieldsInOrder) {
   chart.SetTextureMode(3);
   chart.SetFontSize(0.75);
   const Bytes record = Saved(chart);
-  // Then the counts of transforms and data series, both 0.
-  ASSERT_EQ(record.size(), kOwnFields + 8);
+  // Then the header, and the counts of transforms, axes frames, texts and data series, all 0.
+  ASSERT_EQ(record.size(), kCounts + 16);
+  const Bytes header = Saved(*chart.GetHeader());
+  EXPECT_EQ(Bytes(record.begin() + kOwnFields, record.begin() + kCounts), header);
   EXPECT_EQ(At<int>(record, 0), CChart3D::nSelfID);
   EXPECT_EQ(At<double>(record, kViewAspect), 1.0);
   EXPECT_EQ(At<double>(record, 12), 0.5);   // chart aspect, 45 / 90
@@ -82,8 +93,7 @@ TEST(Chart3DRecord, HoldsTheFieldsInOrder) {
   EXPECT_EQ(At<double>(record, kTextureMinimum + 8), 9.5);
   EXPECT_EQ(At<int>(record, kTextureMode), 3);
   EXPECT_EQ(At<int>(record, kTextureMode + 4), 1);
-  EXPECT_EQ(At<int>(record, kOwnFields), 0);
-  EXPECT_EQ(At<int>(record, kOwnFields + 4), 0);
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(At<int>(record, kCounts + 4 * i), 0);
 }
 
 TEST(Chart3DRecord, OverwritesTheCounter) {
@@ -130,7 +140,7 @@ TEST(Chart3DRecord, SeriesWithoutTheirTransformStayUnbound) {
   CChart3D* chart = target.view->NewChart3D({0, 0, 0, 0}, {1, 1, 1, 0}, &transform);
   chart->NewChartObj(transform);
   Bytes record = Saved(*chart);
-  Put(record, kOwnFields + 4, -77);  // the stored transform's id
+  Put(record, kCounts + 4, -77);  // the stored transform's id
   CChart3D* loaded = target.view->NewChart3D();
   LoadFrom(*loaded, record);
   EXPECT_EQ(loaded->GetNumChartObjs(), 1);
@@ -170,14 +180,21 @@ TEST(Chart3DRecord, DistrustsCounts) {
   const Bytes record = Saved(chart);
   for (const int count : {-1, 1, 1000000, 2147483647}) {
     Bytes changed = record;
-    Put(changed, kOwnFields, count);
     CChart3D loaded;
-    EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
+    for (std::size_t list = 0; list < 4; ++list) {
+      changed = record;
+      Put(changed, kCounts + 4 * list, count);
+      EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
+    }
     EXPECT_EQ(loaded.GetNumTransforms(), 0);
-    changed = record;
-    Put(changed, kOwnFields + 4, count);
-    EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
+    EXPECT_EQ(loaded.GetNumAxes(), 0);
+    EXPECT_EQ(loaded.GetNumChartTextObjs(), 0);
     EXPECT_EQ(loaded.GetNumChartObjs(), 0);
+    // Failing later, it has no more texture colours than there is room for.
+    Put(changed, kTextureMode + 4, count);
+    EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
+    EXPECT_GE(loaded.GetNumTextureColors(), 0);
+    EXPECT_LE(loaded.GetNumTextureColors(), 258);
     // A number of texture colours that the array doesn't hold.
     changed = record;
     Put(changed, kTextureMode + 4, count);
@@ -185,6 +202,20 @@ TEST(Chart3DRecord, DistrustsCounts) {
     EXPECT_GE(loaded.GetNumTextureColors(), 0);
     EXPECT_LE(loaded.GetNumTextureColors(), 258);
   }
+}
+
+TEST(Chart3DRecord, APipeHoldsNoMillionsOfChildren) {
+  Bytes record = Saved(CChart3D());
+  Put(record, kCounts, 2147483647);
+  record.resize(kCounts + 4);
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  ASSERT_EQ(write(ends[1], record.data(), record.size()), static_cast<ssize_t>(record.size()));
+  close(ends[1]);
+  CChart3D loaded;
+  EXPECT_EQ(Catch([&] { loaded.Load(orvalix::HandleOfDescriptor(ends[0])); }),
+            (CaughtError{7, 4, "Load"}));
+  close(ends[0]);
 }
 
 TEST(Chart3DRecord, ReportsFailingFiles) {

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "chart/view_fixture.h"
+#include "orvalix/axes/axes_3d.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "support/caught_error.h"
 #include "support/feedback.h"
@@ -65,6 +67,10 @@ TEST(Chart3D, StartsWithItsDefaults) {
   EXPECT_EQ(max, 1.0);
   EXPECT_EQ(chart.GetNumTransforms(), 0);
   EXPECT_EQ(chart.GetNumChartObjs(), 0);
+  EXPECT_EQ(chart.GetNumAxes(), 0);
+  EXPECT_EQ(chart.GetNumChartTextObjs(), 0);
+  ASSERT_NE(chart.GetHeader(), nullptr);
+  EXPECT_STREQ(chart.GetHeader()->GetTitle1(), "");
 }
 
 TEST(Chart3D, NeedsAView) {
@@ -99,7 +105,7 @@ TEST(Chart3D, ShadesSmoothlyAndLoadsTheLight) {
   EXPECT_EQ(Light(GL_SPECULAR)[0], 0.0F);
 }
 
-TEST(Chart3D, ConstructorsMakeATransform) {
+TEST(Chart3D, ConstructorsMakeATransformAndAxes) {
   ViewOn target(20, 20);
   const CChart3D* plain = target.view->NewChart3D();
   EXPECT_EQ(plain->GetNumTransforms(), 0);
@@ -109,7 +115,17 @@ TEST(Chart3D, ConstructorsMakeATransform) {
   EXPECT_EQ(chart->GetNumTransforms(), 1);
   EXPECT_EQ(chart->GetTransform(0), transform);
   EXPECT_EQ(transform->GetScaleMax().y, 10.0);
-  EXPECT_EQ(target.view->NewChart3D(kZero, kTen)->GetNumTransforms(), 1);
+  ASSERT_EQ(chart->GetNumAxes(), 1);
+  EXPECT_EQ(chart->GetAxes(0)->GetAxisMax(1), 10.0);
+  EXPECT_EQ(chart->GetAxes(0)->GetTransformID(), transform->GetTransformID());
+  const CChart3D* other = target.view->NewChart3D(kZero, kTen);
+  EXPECT_EQ(other->GetNumTransforms(), 1);
+  EXPECT_EQ(other->GetNumAxes(), 1);
+  CAxes3D* axes = nullptr;
+  const CChart3D* both = target.view->NewChart3D(kZero, kTen, &transform, &axes);
+  EXPECT_EQ(both->GetTransform(0), transform);
+  EXPECT_EQ(both->GetAxes(0), axes);
+  target.view->NewChart3D(kZero, kTen, nullptr, nullptr);
 }
 
 TEST(Chart3D, FactoriesBindTheirObjects) {
@@ -311,7 +327,6 @@ TEST(Chart3D, KeepsWhatFitsOfATexture) {
   std::vector<RGBDType> colors(300, SetRGBD(0.1, 0.2, 0.3, 0.4));
   chart.SetTextureColorArray(colors.data(), -1.0, 1.0, 300);
   EXPECT_EQ(chart.GetNumTextureColors(), 258);
-  chart.SetTextureColorArray(colors.data(), 5.0, 6.0, 0);
   chart.SetTextureColorArray(colors.data(), 5.0, 6.0, -3);
   chart.SetTextureColorArray(nullptr, 5.0, 6.0, 3);
   EXPECT_EQ(chart.GetNumTextureColors(), 258);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "chart/view_fixture.h"
+#include "orvalix/chart/header_3d.h"
 #include "support/caught_error.h"
 #include "support/temporary_file.h"
 
@@ -26,7 +27,8 @@ TEST(ChartViewFile, AnEmptyViewIsItsOwnFields) {
                     3,    0,   0,   0,  // underline
                     4,    0,   0,   0,  // length of the font name
                     'S',  'a', 'n', 's'};
-  ASSERT_EQ(bytes.size(), start.size() + 32 + 4 + 8 + 32 + 4 + 4);
+  // The header is 44 bytes and three texts of 152.
+  ASSERT_EQ(bytes.size(), start.size() + 32 + 4 + 8 + 32 + 4 + 4 + 4 + 44 + 3 * 152);
   EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(start.size())), start);
   EXPECT_EQ(bytes[24 + 6], 0xF0);  // background red 1.0 ends in F0 3F
   EXPECT_EQ(bytes[24 + 7], 0x3F);
@@ -35,6 +37,7 @@ TEST(ChartViewFile, AnEmptyViewIsItsOwnFields) {
   EXPECT_EQ(bytes[68 + 31], 0x3F);  // border colour: alpha 1.0
   EXPECT_EQ(bytes[100], 4);         // border enable
   EXPECT_EQ(bytes[104], 0);         // number of charts
+  EXPECT_EQ(bytes[108], 0);         // number of legends
 }
 
 TEST(ChartViewFile, AnEmptyFontNameIsFourZeroBytes) {
@@ -75,6 +78,19 @@ TEST(ChartViewFile, LoadingReplacesEverything) {
   EXPECT_EQ(target.WindowPixel(15, 15), kBlue);
 }
 
+TEST(ChartViewFile, KeepsTheTitlesOfTheView) {
+  ViewOn source(60, 60);
+  source.view->GetHeader()->SetTitle1("First");
+  source.view->GetHeader()->SetFooter("Last");
+  const TemporaryFile file;
+  source.view->Save(file.Path());
+  ViewOn target(60, 60);
+  target.view->Load(file.Path());
+  EXPECT_STREQ(target.view->GetHeader()->GetTitle1(), "First");
+  EXPECT_STREQ(target.view->GetHeader()->GetFooter(), "Last");
+  EXPECT_EQ(SavedView(*target.view), file.Read());
+}
+
 TEST(ChartViewFile, ReportsFilesThatCannotBeOpened) {
   ViewOn target(10, 10);
   target.view->NewChart3D();
@@ -94,7 +110,8 @@ TEST(ChartViewFile, SurvivesEveryTruncation) {
         Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
     const CaughtError error = Catch([&] { loaded.Load(file.Path()); });
     if (error != kNoError) {
-      EXPECT_EQ(error, (CaughtError{7, 6, "Load"})) << length;
+      EXPECT_EQ(error.type, 7) << length;
+      EXPECT_EQ(error.place, "Load") << length;
     }
     EXPECT_EQ(loaded.GetViewBkMode(), length >= 61 ? 9 : 2) << length;
   }
@@ -103,8 +120,9 @@ TEST(ChartViewFile, SurvivesEveryTruncation) {
 TEST(ChartViewFile, DistrustsTheNumberOfCharts) {
   ViewOn target(10, 10);
   Bytes bytes = SavedView(*target.view);
+  constexpr std::size_t kNumberOfCharts = 105;  // behind the fields with "Arial"
   for (const int last : {0x7F, 0xFF}) {
-    bytes.back() = static_cast<unsigned char>(last);
+    bytes[kNumberOfCharts + 3] = static_cast<unsigned char>(last);
     const TemporaryFile file(bytes);
     EXPECT_EQ(Catch([&] { target.view->Load(file.Path()); }), (CaughtError{7, 6, "Load"}));
     EXPECT_EQ(target.view->GetNumCharts(), 0);
