@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "chart/view_fixture.h"
@@ -221,10 +222,23 @@ TEST(ChartView3D, ViewsWithoutAnAreaDrawNothing) {
   empty.view->NewChart3D();
   empty.view->DrawViewScreen();
   ViewOn target(10, 10);
+  target.view->EnableBorder(0);
+  target.view->DrawViewScreen();
+  target.view->SetViewBkColor(SetRGBD(1, 0, 0, 1));
+  constexpr int kLowest = std::numeric_limits<int>::min();
   for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{
-           {0, 0}, {0, 5}, {5, 0}, {-5, -5}, {2147483647, 1}, {1, 1}}) {
+           {0, 0}, {0, 5}, {5, 0}, {-5, -5}, {-5, 5}, {5, -5}, {kLowest, 5}, {5, kLowest}}) {
     target.view->DrawViewScreen(target.window.GetDC(), 0, 0, width, height);
+    for (int i = 0; i < 100; ++i) {
+      ASSERT_EQ(target.WindowPixel(i % 10, i / 10), kWhite) << width << " x " << height;
+    }
   }
+  target.view->DrawViewScreen(target.window.GetDC(), 0, 0, 1, 1);
+  EXPECT_EQ(target.WindowPixel(0, 0), kRed);
+  EXPECT_EQ(target.WindowPixel(1, 0), kWhite);
+  target.view->DrawViewScreen(target.window.GetDC(), 0, 0, std::numeric_limits<int>::max(), 1);
+  EXPECT_EQ(target.WindowPixel(9, 0), kRed);
+  EXPECT_EQ(target.WindowPixel(0, 1), kWhite);
   CWnd window;
   ASSERT_TRUE(window.CreateOffscreen(10, 10));
   CChartView3D pixel(&window, 0, 0);

@@ -43,6 +43,7 @@ class BarChart25D : public ::testing::Test {
   }
 
   std::vector<FeedbackPrimitive> Drawn() {
+    target.gl->LoadIdentity();  // as a chart does before each frame
     return CaptureFeedback([&] { bars.DrawChartObj(); });
   }
 

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+
+#include "chart/view_fixture.h"
+#include "orvalix/render/font_3d.h"
+#include "support/temporary_file.h"
+
+namespace {
+
+using namespace orvalix::test;
+
+/// What a font's record says of the last registration.
+struct Request {
+  int italics;
+  int underline;
+  int weight;
+  int characters;
+
+  bool operator==(const Request&) const = default;
+};
+
+/// The request stands behind a spare number and the name of the first display list.
+Request RequestOf(const CFont3D& font) {
+  const Bytes record = Saved(font);
+  Request request{};
+  EXPECT_GE(record.size(), 8 + sizeof request);
+  std::memcpy(&request, record.data() + 8, sizeof request);
+  return request;
+}
+
+/// Extent of a character in em.
+double WidthOf(const CFont3D& font, char character) {
+  return static_cast<double>(font.GetGlyphMetrics(character).gmfCellIncX);
+}
+
+class ViewFont : public ::testing::Test {
+ protected:
+  const CFont3D& Registered() {
+    target.view->DrawViewScreen();
+    return *target.view->GetOpenGLPntr()->GetFont();
+  }
+
+  ViewOn target{20, 20};
+};
+
+TEST_F(ViewFont, IsArialBoldByDefault) {
+  const CFont3D& font = Registered();
+  EXPECT_STREQ(font.GetFaceName(), "Arial");
+  EXPECT_EQ(RequestOf(font), (Request{0, 0, 700, 128}));
+  EXPECT_GT(WidthOf(font, 'W'), WidthOf(font, 'i'));
+  EXPECT_GT(WidthOf(font, '~'), 0.0);  // code 126, nearly the last
+}
+
+TEST_F(ViewFont, IsRegisteredAsItWasSet) {
+  target.view->SetFont("Courier New", 400, 1, 0, 100);
+  const CFont3D& font = Registered();
+  EXPECT_STREQ(font.GetFaceName(), "Courier New");
+  EXPECT_EQ(RequestOf(font), (Request{1, 0, 400, 100}));
+  EXPECT_EQ(WidthOf(font, 'W'), WidthOf(font, 'I'));  // of fixed width
+  EXPECT_EQ(WidthOf(font, 'i'), 0.0);                 // beyond the 100 characters
+  target.view->SetFont("Courier New", 300, 0, 1, 128);
+  EXPECT_EQ(RequestOf(Registered()), (Request{0, 1, 300, 128}));
+  EXPECT_EQ(WidthOf(font, 'i'), WidthOf(font, 'W'));
+}
+
+TEST_F(ViewFont, WeightAndSlantChangeTheCharacters) {
+  target.view->SetFont("Arial", 400, 128);
+  const GLYPHMETRICSFLOAT plain = Registered().GetGlyphMetrics('l');
+  target.view->SetFont("Arial", 700, 128);
+  const GLYPHMETRICSFLOAT bold = Registered().GetGlyphMetrics('l');
+  target.view->SetFont("Arial", 400, 0, 1, 128);
+  const GLYPHMETRICSFLOAT underlined = Registered().GetGlyphMetrics('l');
+  target.view->SetFont("Arial", 400, 1, 0, 128);
+  const GLYPHMETRICSFLOAT slanted = Registered().GetGlyphMetrics('l');
+  EXPECT_GT(bold.gmfCellIncX, plain.gmfCellIncX);
+  EXPECT_EQ(underlined.gmfBlackBoxX, plain.gmfBlackBoxX);
+  EXPECT_GT(slanted.gmfBlackBoxX, 1.5F * plain.gmfBlackBoxX);  // an upright stroke leans
+}
+
+TEST_F(ViewFont, HasItsOwnSizeWhereNoChartSetsAnother) {
+  EXPECT_EQ(Registered().GetFontScaleFactor(), 0.2);
+  target.view->NewChart3D()->SetFontSize(0.5);
+  EXPECT_EQ(Registered().GetFontScaleFactor(), 0.5);
+}
+
+TEST_F(ViewFont, TheShortFormKeepsItalicsAndUnderline) {
+  target.view->SetFont("Arial", 700, 1, 2, 90);
+  target.view->SetFont("Arial", 400, 100);
+  EXPECT_EQ(target.view->GetFontItalics(), 1);
+  EXPECT_EQ(target.view->GetFontUnderline(), 2);
+  EXPECT_EQ(RequestOf(Registered()), (Request{1, 2, 400, 100}));
+}
+
+}  // namespace
