@@ -5,7 +5,7 @@
 
 void WriteCString(void* file, CString const& s) {
   if (file == nullptr) return;
-  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_NONE, "WriteCString", [&] {
+  orvalix::WithFileErrors(ERR3DCLASS_NONE, "WriteCString", [&] {
     orvalix::RecordWriter writer(file);
     writer.Field(s);
     writer.Flush();
@@ -14,7 +14,7 @@ void WriteCString(void* file, CString const& s) {
 
 void ReadCString(void* file, CString& s) {
   if (file == nullptr) return;
-  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_NONE, "ReadCString", [&] {
+  orvalix::WithFileErrors(ERR3DCLASS_NONE, "ReadCString", [&] {
     orvalix::RecordReader reader(file);
     reader.Field(s);
   });

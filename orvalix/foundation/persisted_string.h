@@ -5,12 +5,12 @@
 #include "orvalix/host/host.h"
 
 /// Writes a text to an open file. Null does nothing.
-/// @throws CFileException* when the file can't be written
-/// @throws CErr3D type 2 of no class, "WriteCString", when memory runs out
+/// @throws CErr3D of no class, "WriteCString": type 7 when the file can't be written, type 2 when
+///   memory runs out
 ORVALIX_API void WriteCString(void* file, CString const& s);
 /// Reads a text from an open file; it ends at its first zero byte. Null does nothing, and a file
 /// that ends within the length leaves `s` as it was.
-/// @throws CFileException* when the file can't be read, when the length is negative or more than
-///   the file still holds
-/// @throws CErr3D type 2 of no class, "ReadCString", when memory runs out
+/// @throws CErr3D of no class, "ReadCString": type 7 when the file can't be read, or when the
+/// length
+///   is negative or more than the file still holds; type 2 when memory runs out
 ORVALIX_API void ReadCString(void* file, CString& s);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 #include "support/allocation_failure.h"
@@ -16,6 +15,9 @@ using orvalix::test::Catch;
 using orvalix::test::CaughtError;
 using orvalix::test::kNoError;
 using orvalix::test::TemporaryFile;
+
+const CaughtError kUnreadable{7, 12, "ReadCString"};
+const CaughtError kUnwritable{7, 12, "WriteCString"};
 
 Bytes Written(const CString& text) {
   const TemporaryFile file;
@@ -34,16 +36,6 @@ CString ReadFrom(const Bytes& bytes) {
   CString text("before");
   ReadCString(in.m_hFile, text);
   return text;
-}
-
-bool Throws(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (CFileException* error) {
-    error->Delete();
-    return true;
-  }
-  return false;
 }
 
 TEST(PersistedString, IsItsLengthAndItsBytes) {
@@ -75,9 +67,9 @@ TEST(PersistedString, ALengthThatIsCutOffLeavesTheText) {
 }
 
 TEST(PersistedString, LengthsThatCannotBeTrueAreRefused) {
-  EXPECT_TRUE(Throws([] { ReadFrom({4, 0, 0, 0, 'a', 'b', 'c'}); }));
-  EXPECT_TRUE(Throws([] { ReadFrom({0xFF, 0xFF, 0xFF, 0xFF, 'a'}); }));  // -1
-  EXPECT_TRUE(Throws([] { ReadFrom({0xFF, 0xFF, 0xFF, 0x7F, 'a'}); }));  // 2 147 483 647
+  EXPECT_EQ(Catch([] { ReadFrom({4, 0, 0, 0, 'a', 'b', 'c'}); }), kUnreadable);
+  EXPECT_EQ(Catch([] { ReadFrom({0xFF, 0xFF, 0xFF, 0xFF, 'a'}); }), kUnreadable);  // -1
+  EXPECT_EQ(Catch([] { ReadFrom({0xFF, 0xFF, 0xFF, 0x7F, 'a'}); }), kUnreadable);  // 2 147 483 647
 }
 
 TEST(PersistedString, ALengthIsHeldAgainstTheFileBeforeMemoryIsTaken) {
@@ -87,7 +79,7 @@ TEST(PersistedString, ALengthIsHeldAgainstTheFileBeforeMemoryIsTaken) {
   ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
   CString text("before");
   const orvalix::test::AllocationMeter meter;
-  EXPECT_TRUE(Throws([&] { ReadCString(in.m_hFile, text); }));
+  EXPECT_EQ(Catch([&] { ReadCString(in.m_hFile, text); }), kUnreadable);
   EXPECT_LT(meter.Largest(), 1000U);
   EXPECT_STREQ(text, "before");
 }
@@ -133,10 +125,20 @@ TEST(PersistedString, NullFilesDoNothing) {
   EXPECT_STREQ(text, "kept");
 }
 
-TEST(PersistedString, FailingWritesAreReported) {
+TEST(PersistedString, FailingFilesAreReported) {
   CFile full;
   ASSERT_TRUE(full.Open("/dev/full", CFile::modeWrite));
-  EXPECT_TRUE(Throws([&] { WriteCString(full.m_hFile, "abc"); }));
+  EXPECT_EQ(Catch([&] { WriteCString(full.m_hFile, "abc"); }), kUnwritable);
+  const TemporaryFile file(Bytes{1, 0, 0, 0, 'a'});
+  CFile readOnly;
+  ASSERT_TRUE(readOnly.Open(file.Path(), CFile::modeRead));
+  EXPECT_EQ(Catch([&] { WriteCString(readOnly.m_hFile, "abc"); }), kUnwritable);
+  CFile writeOnly;
+  ASSERT_TRUE(writeOnly.Open(file.Path(), CFile::modeWrite));
+  CString text("kept");
+  EXPECT_EQ(Catch([&] { ReadCString(writeOnly.m_hFile, text); }), kUnreadable);
+  EXPECT_EQ(Catch([&] { ReadCString(CFile::hFileNull, text); }), kUnreadable);
+  EXPECT_STREQ(text, "kept");
 }
 
 }  // namespace
