@@ -34,10 +34,11 @@ const char* MessageOf(int type) {
   return kMessages[static_cast<std::size_t>(type)];
 }
 
-/// A copy of a location; an empty one when memory runs out.
-CString CopyOf(const CString& location) noexcept {
+/// A copy of a text; an empty one when memory runs out.
+template <class Text>
+CString CopyOf(const Text& text) noexcept {
   try {
-    return location;
+    return text;
   } catch (const std::bad_alloc&) {
     return {};
   }
@@ -74,8 +75,8 @@ CErr3DTypes CErr3D::GetErrorType() const { return m_type; }
 
 CErr3DClass CErr3D::GetErrorClass() const { return m_class; }
 
-CString CErr3D::GetErrorLocation() const { return m_location; }
+CString CErr3D::GetErrorLocation() const { return CopyOf(m_location); }
 
-CString CErr3D::GetErrorDescription(CErr3DTypes type) const { return MessageOf(type); }
+CString CErr3D::GetErrorDescription(CErr3DTypes type) const { return CopyOf(MessageOf(type)); }
 
 void CErr3D::SetErrorReportMode(int mode) { nErrorReportMode = mode; }

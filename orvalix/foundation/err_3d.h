@@ -77,9 +77,10 @@ class ORVALIX_API CErr3D {
   CErr3DTypes GetErrorType() const;
   /// The class in which it went wrong.
   CErr3DClass GetErrorClass() const;
-  /// Name of the operation that found the error, without its class.
+  /// Name of the operation that found the error, without its class; empty when memory runs out.
   CString GetErrorLocation() const;
-  /// The message of `type`, not of this error; "Unknown Error" for a number without one.
+  /// The message of `type`, not of this error; "Unknown Error" for a number without one. Empty when
+  /// memory runs out.
   CString GetErrorDescription(CErr3DTypes type) const;
   /// Sets the report mode of the whole library: 1 shows messages, anything else is silent.
   static void SetErrorReportMode(int mode);

@@ -159,6 +159,21 @@ TEST_F(Err3D, ArrivesWhicheverAllocationFails) {
   EXPECT_EQ(failures, 4);  // the place, its copy in the error, and those of the two copies
 }
 
+TEST_F(Err3D, TellsNothingWithoutMemoryForTheText) {
+  CErr3D::nErrorReportMode = 0;
+  const CErr3D error(ERR3D_FILE_OPEN_INPUT, ERR3DCLASS_CHART3D, kLongPlace);
+  std::array<int, 6> lengths{};
+  std::size_t next = 0;
+  const int failures = orvalix::test::FailEachAllocation([&] {
+    if (next + 2 > lengths.size()) return;
+    lengths[next++] = error.GetErrorLocation().GetLength();
+    lengths[next++] = error.GetErrorDescription(ERR3D_FILE_OPEN_INPUT).GetLength();
+  });
+  EXPECT_EQ(failures, 2);
+  // "TheLongestNameOfAnOperation" has 27 characters, "Error Opening File for Input" 28.
+  EXPECT_EQ(lengths, (std::array<int, 6>{0, 28, 27, 0, 27, 28}));
+}
+
 TEST_F(Err3D, NumbersAreFixed) {
   const std::array<int, 20> types{ERR3D_NOT_AN_ERROR,     ERR3D_MEM_ALLOC,
                                   ERR3D_ARRAY_NEW,        ERR3D_OBJECT_NEW,
