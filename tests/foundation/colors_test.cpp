@@ -14,16 +14,22 @@ TEST(Colors, AreBuiltWithoutClamping) {
   EXPECT_EQ(d.alpha, 7.0);
   const RGBFType f = SetRGBF(-1.0F, 2.0F, 0.5F, 7.0F);
   EXPECT_EQ(f.red, -1.0F);
+  EXPECT_EQ(f.green, 2.0F);
+  EXPECT_EQ(f.blue, 0.5F);
   EXPECT_EQ(f.alpha, 7.0F);
 }
 
 TEST(Colors, ConvertBetweenDoublesAndFloats) {
   const RGBFType f = RGBDtoRGBF(SetRGBD(0.1, 0.2, 0.3, 0.4));
   EXPECT_EQ(f.red, 0.1F);
+  EXPECT_EQ(f.green, 0.2F);
+  EXPECT_EQ(f.blue, 0.3F);
   EXPECT_EQ(f.alpha, 0.4F);
   const RGBDType d = RGBFtoRGBD(SetRGBF(0.1F, 0.25F, 0.5F, 1.0F));
   EXPECT_EQ(d.red, static_cast<double>(0.1F));
   EXPECT_EQ(d.green, 0.25);
+  EXPECT_EQ(d.blue, 0.5);
+  EXPECT_EQ(d.alpha, 1.0);
 }
 
 TEST(Colors, BytesAreCutOffAndWrap) {
@@ -64,6 +70,8 @@ TEST(Colors, PackIntoAnInteger) {
   EXPECT_EQ(RGBDtoCOLORREF(SetRGBD(1.2, 0.0, 0.0, 1.0)), 50U);
   EXPECT_EQ(RGBDtoCOLORREF(SetRGBD(0.0, 0.0, 1.0, 0.0)), 0x00FF0000U);
   EXPECT_EQ(RGBD2INT(SetRGBD(1.0, 0.5, 0.0, 0.7)), 0x00007FFFU);
+  // -0.1 * 255 = -25.5, cut to -25 = 0xE7 - 256; 1.2 * 255 = 306 = 256 + 0x32.
+  EXPECT_EQ(RGBD2INT(SetRGBD(-0.1, 1.2, 1.0, 9.0)), 0x00FF32E7U);
 }
 
 TEST(Colors, UnpackWithFullAlpha) {

@@ -44,11 +44,22 @@ TEST(Extremes, OfPoints) {
   EXPECT_EQ(min.y, 2.0);
   EXPECT_EQ(min.z, 0.0);
   EXPECT_EQ(min.v, 8.0);
-  EXPECT_EQ(GetMaximum3D(points.data(), 0).y, 5.0);
   EXPECT_EQ(GetMaximum3D(points.data(), 1).x, 1.0);
-  EXPECT_EQ(GetMaximum3D(points.data(), -1).v, 0.0);
-  EXPECT_EQ(GetMinimum3D(points.data(), -1).x, 0.0);
-  EXPECT_EQ(GetMinimum3D(nullptr, 2).x, 0.0);
+}
+
+TEST(Extremes, OfNoPoints) {
+  std::array<point3Dtype, 2> points{{{1, 5, 7, 8}, {3, 2, 9, 4}}};
+  const auto numbers = [](const point3Dtype& point) {
+    return std::array<double, 4>{point.x, point.y, point.z, point.v};
+  };
+  const std::array<double, 4> first{1, 5, 7, 8};
+  const std::array<double, 4> zero{};
+  EXPECT_EQ(numbers(GetMaximum3D(points.data(), 0)), first);
+  EXPECT_EQ(numbers(GetMinimum3D(points.data(), 0)), first);
+  EXPECT_EQ(numbers(GetMaximum3D(points.data(), -1)), zero);
+  EXPECT_EQ(numbers(GetMinimum3D(points.data(), -1)), zero);
+  EXPECT_EQ(numbers(GetMaximum3D(nullptr, 2)), zero);
+  EXPECT_EQ(numbers(GetMinimum3D(nullptr, 2)), zero);
 }
 
 }  // namespace
