@@ -26,6 +26,11 @@ std::int64_t RowBytes(int bitCount, int width) {
   return ((std::int64_t{bitCount} * width + 31) >> 5) * 4;
 }
 
+/// Bytes of all rows, as far as a header can tell them: their lowest 32 bits.
+DWORD ImageBytes(int bitCount, int width, int height) {
+  return static_cast<DWORD>(RowBytes(bitCount, width)) * static_cast<DWORD>(height);
+}
+
 /// The depth for which a section needs a palette.
 constexpr int kPaletteBits = 8;
 
@@ -57,7 +62,7 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   info.header.biPlanes = 1;
   info.header.biBitCount = static_cast<WORD>(bitCount);
   info.header.biCompression = BI_RGB;
-  info.header.biSizeImage = static_cast<DWORD>(RowBytes(bitCount, width) * height);
+  info.header.biSizeImage = ImageBytes(bitCount, width, height);
   m_header = info.header;
   m_bitmap.Attach(CreateDIBSection(windowDC->GetSafeHdc(),
                                    reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS,
@@ -89,7 +94,10 @@ unsigned short CDIBSection::PaletteSize(const BITMAPINFOHEADER& header) const {
   return static_cast<unsigned short>(DIBNumColors(header) * sizeof(RGBQUAD));
 }
 
-void* CDIBSection::FindDIBBits() const { return m_bits; }
+void* CDIBSection::FindDIBBits() const {
+  // The pixels go with the bitmap, which its handle lets anyone delete.
+  return GetBitmapHandle() != nullptr ? m_bits : nullptr;
+}
 
 void CDIBSection::GetCDIBColorTable() {
   if (m_targetDC == nullptr) return;
@@ -129,8 +137,7 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
     orvalix::ThrowError(ERR3D_FILE_OPEN_OUTPUT, ERR3DCLASS_DIBSECTION, kPlace);
   }
   const BITMAPINFOHEADER header = GetDIBHeader();
-  const auto pixelBytes =
-      static_cast<DWORD>(RowBytes(header.biBitCount, header.biWidth) * header.biHeight);
+  const DWORD pixelBytes = ImageBytes(header.biBitCount, header.biWidth, header.biHeight);
   const BITMAPFILEHEADER fileHeader = FileHeader(pixelBytes);
   std::array<RGBQUAD, kColors> colors{};
   GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors.data());

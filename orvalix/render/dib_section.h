@@ -36,7 +36,7 @@ class ORVALIX_API CDIBSection {
   unsigned short DIBNumColors(const BITMAPINFOHEADER& header) const;
   /// Size in bytes of the colour table of a bitmap with that header.
   unsigned short PaletteSize(const BITMAPINFOHEADER& header) const;
-  /// The pixels, bottom row first; null when there is no bitmap.
+  /// The pixels, bottom row first; null when there is no bitmap or its handle was deleted.
   void* FindDIBBits() const;
   /// Reads the colour table of the bitmap in the target device context into this object.
   void GetCDIBColorTable();

@@ -102,11 +102,16 @@ Display FindDisplay() {
   return CanDraw(candidate) ? candidate : Display{};
 }
 
-/// The display that every context of the process shares, looked for until one is found. It is
-/// never closed: the host may be using the same one.
-const Display& SharedDisplay() {
+enum class Lookup {
+  kOnce,  ///< until one is found
+  kAgain  ///< even if one was found before
+};
+
+/// The display that every context of the process shares. It is never closed: the host may be using
+/// the same one.
+const Display& SharedDisplay(Lookup lookup = Lookup::kOnce) {
   static Display display;
-  if (display.display == EGL_NO_DISPLAY) display = FindDisplay();
+  if (lookup == Lookup::kAgain || display.display == EGL_NO_DISPLAY) display = FindDisplay();
   return display;
 }
 
@@ -120,8 +125,7 @@ unsigned char PackIndex(const unsigned char* rgb) {
 struct GLBinding::Platform {
   BitmapTarget target;
   PIXELFORMATDESCRIPTOR format{};
-  EGLDisplay display = EGL_NO_DISPLAY;
-  EGLConfig config = nullptr;
+  Display display;  ///< of the context
   EGLContext context = EGL_NO_CONTEXT;
   std::vector<unsigned char> colors;  ///< the pixels of an 8-bit bitmap before they are indices
 
@@ -153,6 +157,8 @@ bool GLBinding::Platform::CreateFramebuffer() const {
   if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) return false;
   glViewport(0, 0, width, height);
   glScissor(0, 0, width, height);
+  // New buffers hold whatever was in that memory before.
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   return true;
 }
 
@@ -179,10 +185,7 @@ GLBinding::~GLBinding() { DeleteContext(); }
 bool GLBinding::SetPixelFormat(const PIXELFORMATDESCRIPTOR& wanted) {
   const PIXELFORMATDESCRIPTOR format = StoredPixelFormat(wanted.cColorBits);
   if (!IsUsable(format) || wanted.cColorBits != m_platform->target.bitCount) return false;
-  const Display& display = SharedDisplay();
-  if (display.display == EGL_NO_DISPLAY) return false;
-  m_platform->display = display.display;
-  m_platform->config = display.config;
+  if (SharedDisplay().display == EGL_NO_DISPLAY) return false;
   m_platform->format = format;
   return true;
 }
@@ -191,27 +194,40 @@ const PIXELFORMATDESCRIPTOR& GLBinding::PixelFormat() const { return m_platform-
 
 bool GLBinding::CreateContext() {
   DeleteContext();
-  m_platform->context = CreateCompatibilityContext({m_platform->display, m_platform->config});
-  if (m_platform->context == EGL_NO_CONTEXT) return false;
-  MakeCurrent();
-  if (eglGetCurrentContext() == m_platform->context && m_platform->CreateFramebuffer()) return true;
+  m_platform->display = SharedDisplay();
+  m_platform->context = CreateCompatibilityContext(m_platform->display);
+  if (!HasContext()) {
+    // The host shares the display and may have terminated it since it was found.
+    m_platform->display = SharedDisplay(Lookup::kAgain);
+    m_platform->context = CreateCompatibilityContext(m_platform->display);
+  }
+  if (!HasContext()) return false;
+  if (MakeCurrent() && m_platform->CreateFramebuffer()) return true;
   DeleteContext();
   return false;
 }
 
-void GLBinding::MakeCurrent() {
-  if (m_platform->display == EGL_NO_DISPLAY) return;
+bool GLBinding::HasContext() const { return m_platform->context != EGL_NO_CONTEXT; }
+
+bool GLBinding::MakeCurrent() {
+  if (m_platform->display.display == EGL_NO_DISPLAY) return false;
   eglBindAPI(EGL_OPENGL_API);
-  const bool isCurrent =
-      m_platform->context != EGL_NO_CONTEXT && eglGetCurrentContext() == m_platform->context;
-  if (isCurrent) return;
-  eglMakeCurrent(m_platform->display, EGL_NO_SURFACE, EGL_NO_SURFACE, m_platform->context);
+  if (HasContext()) {
+    if (eglGetCurrentContext() == m_platform->context) return true;
+    if (eglMakeCurrent(m_platform->display.display, EGL_NO_SURFACE, EGL_NO_SURFACE,
+                       m_platform->context) == EGL_TRUE) {
+      return true;
+    }
+  }
+  // Otherwise what is drawn next would go wherever another context draws.
+  MakeNonCurrent();
+  return false;
 }
 
 void GLBinding::MakeNonCurrent() {
-  if (m_platform->display == EGL_NO_DISPLAY) return;
+  if (m_platform->display.display == EGL_NO_DISPLAY) return;
   eglBindAPI(EGL_OPENGL_API);
-  eglMakeCurrent(m_platform->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+  eglMakeCurrent(m_platform->display.display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
 }
 
 void GLBinding::CopyToBitmap(int width, int height) {
@@ -219,6 +235,7 @@ void GLBinding::CopyToBitmap(int width, int height) {
   width = std::min(width, target.width);
   height = std::min(height, target.height);
   if (width < 1 || height < 1 || target.bits == nullptr) return;
+  if (!HasContext() || !MakeCurrent()) return;
   if (target.bitCount == 8) {
     m_platform->ReadIndices(width, height);
     return;
@@ -233,9 +250,9 @@ void GLBinding::CopyToBitmap(int width, int height) {
 }
 
 void GLBinding::DeleteContext() {
-  if (m_platform->context == EGL_NO_CONTEXT) return;
+  if (!HasContext()) return;
   if (eglGetCurrentContext() == m_platform->context) MakeNonCurrent();
-  eglDestroyContext(m_platform->display, m_platform->context);
+  eglDestroyContext(m_platform->display.display, m_platform->context);
   m_platform->context = EGL_NO_CONTEXT;
 }
 

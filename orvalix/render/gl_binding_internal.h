@@ -33,15 +33,18 @@ class GLBinding {
   bool SetPixelFormat(const PIXELFORMATDESCRIPTOR& wanted);
   /// The format in force; unusable before SetPixelFormat() succeeded.
   const PIXELFORMATDESCRIPTOR& PixelFormat() const;
-  /// Creates the context and makes it current.
+  /// Creates the context, in place of one that is there, and makes it current.
   /// @return false when OpenGL refuses, for example because the bitmap is too large for it
   bool CreateContext();
-  /// Makes the context current on this thread, or none when it was deleted.
-  void MakeCurrent();
+  /// False before CreateContext() and after DeleteContext().
+  bool HasContext() const;
+  /// Makes the context current on this thread, or none when it was deleted or can't be current.
+  /// @return true when it is current
+  bool MakeCurrent();
   /// Leaves this thread without a current context.
   void MakeNonCurrent();
   /// Waits for the drawing and copies the lower left `width` x `height` pixels, as far as they
-  /// exist, into the bitmap's memory.
+  /// exist, into the bitmap's memory. Makes the context current; does nothing without one.
   void CopyToBitmap(int width, int height);
   /// Deletes the context, if there is one.
   void DeleteContext();

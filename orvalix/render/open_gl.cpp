@@ -17,6 +17,9 @@ constexpr std::array<unsigned short, 16> kStipples{0xFFFF, 0x0101, 0x1111, 0x555
                                                    0x0F0F, 0xFF00, 0xFE10, 0xFF3C, 0xFE44, 0xFFFF,
                                                    0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF};
 
+/// What the errors of making a context name as their place.
+constexpr const char* kInitPlace = "InitContext";
+
 orvalix::BitmapTarget TargetOf(const CDIBSection& dib) {
   return {.width = dib.DIBWidth(),
           .height = dib.DIBHeight(),
@@ -32,7 +35,8 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_fontsAtCreation(0),
       m_windowColorBits(windowDC != nullptr ? windowDC->GetDeviceCaps(BITSPIXEL) : 0),
       m_bitmapDC(dib != nullptr ? dib->GetTargetDC() : nullptr),
-      m_dib(dib) {
+      m_dib(dib),
+      m_lineIsOpen(false) {
   SetOpenGLDefaults();
   InitContext();
   NewFont3D();
@@ -76,20 +80,23 @@ void COpenGL::SetOpenGLDefaults() {
 int COpenGL::bSetupPixelFormat() {
   if (m_dib == nullptr || m_bitmapDC == nullptr || m_dib->GetBitmapHandle() == nullptr) return 0;
   const int colorBits = m_windowColorBits * m_bitmapDC->GetDeviceCaps(PLANES);
-  auto binding = std::make_unique<orvalix::GLBinding>(TargetOf(*m_dib));
-  if (!binding->SetPixelFormat(orvalix::WantedPixelFormat(colorBits))) return 0;
-  m_binding = std::move(binding);
-  return 1;
+  return orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_OPENGL, kInitPlace, [&] {
+    // A context that is there stays: the bitmap, and with it the binding, is the same.
+    if (!m_binding) m_binding = std::make_unique<orvalix::GLBinding>(TargetOf(*m_dib));
+    return m_binding->SetPixelFormat(orvalix::WantedPixelFormat(colorBits)) ? 1 : 0;
+  });
 }
 
 void COpenGL::InitContext() {
   if (bSetupPixelFormat() == 0) {
-    orvalix::ThrowError(ERR3D_PIXEL_FORMAT, ERR3DCLASS_OPENGL, "InitContext");
+    orvalix::ThrowError(ERR3D_PIXEL_FORMAT, ERR3DCLASS_OPENGL, kInitPlace);
   }
   m_dib->CreateRGBPalette();
-  if (!m_binding->CreateContext()) {
-    orvalix::ThrowError(ERR3D_PIXEL_FORMAT, ERR3DCLASS_OPENGL, "InitContext");
-  }
+  m_lineIsOpen = false;
+  const bool created =
+      orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_OPENGL, kInitPlace,
+                                    [this] { return m_binding->CreateContext(); });
+  if (!created) orvalix::ThrowError(ERR3D_PIXEL_FORMAT, ERR3DCLASS_OPENGL, kInitPlace);
   glClearDepth(1.0);
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
@@ -114,7 +121,7 @@ void COpenGL::ExchangeBuffers() {
 }
 
 void COpenGL::Close() {
-  if (!m_binding) return;
+  if (!m_binding || !m_binding->HasContext()) return;
   MakeCurrent();
   MakeNonCurrent();
   m_binding->DeleteContext();
@@ -125,7 +132,8 @@ void COpenGL::Close() {
 void COpenGL::Flush() { glFlush(); }
 
 void COpenGL::UpdateBitmap(int width, int height) {
-  if (m_binding) m_binding->CopyToBitmap(width, height);
+  const bool hasPixels = m_dib != nullptr && m_dib->FindDIBBits() != nullptr;
+  if (m_binding && hasPixels) m_binding->CopyToBitmap(width, height);
 }
 
 int COpenGL::GetClassTag() const { return m_classTag; }

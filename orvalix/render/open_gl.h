@@ -33,8 +33,9 @@ inline constexpr int LIGHT3D_MODEL_AMBIENT = 12345;
 /// nearer to the viewer. A point with a coordinate that is not a finite `float` can't be placed:
 /// a polygon or a solid that has one is left out, a line is interrupted there.
 ///
-/// An OpenGL context is current on one thread at a time. A frame calls MakeCurrent() first;
-/// nothing else here does, so that consecutive calls cost nothing extra.
+/// An OpenGL context is current on one thread at a time. A frame calls MakeCurrent() first, and
+/// UpdateBitmap() at its end sees to it again; no drawing operation between them does, so that
+/// consecutive calls cost nothing extra.
 class ORVALIX_API COpenGL {
  public:
   /// @name Life
@@ -45,7 +46,8 @@ class ORVALIX_API COpenGL {
   /// @param windowDC device context whose colour depth the pixel format follows; used only here
   /// @param dib the bitmap drawn into
   /// @throws CErr3D type 18, class 17, "InitContext" when there is no device context, no bitmap or
-  ///   no OpenGL that can draw into a bitmap of that size; type 3, "NewFont3D"
+  ///   no OpenGL that can draw into a bitmap of that size; type 3 when memory runs out, class 17,
+  ///   "InitContext" or "NewFont3D"; CDIBSection::CreateRGBPalette()'s
   COpenGL(CDC* windowDC, CDIBSection* dib);
   ~COpenGL();
   COpenGL(const COpenGL&) = delete;
@@ -57,13 +59,16 @@ class ORVALIX_API COpenGL {
   void InitPaletteConstants();
   /// Chooses the pixel format, makes the bitmap's palette, creates the context, makes it current
   /// and sets depth test, projection, normalisation and colour material up.
-  /// @throws CErr3D type 18 "Pixel Format Error", class 17, place "InitContext"
+  /// @throws CErr3D class 17, "InitContext": type 18 when OpenGL can't draw into the bitmap, type 3
+  ///   when memory runs out; CDIBSection::CreateRGBPalette()'s
   void InitContext();
   /// Chooses and sets the pixel format of the bitmap's device context: RGBA, drawing to a bitmap,
-  /// the window's colour depth, 32 bits of depth, no alpha.
+  /// the window's colour depth, 32 bits of depth, no alpha. A context that is there stays as it is.
   /// @return nonzero when OpenGL can draw into the bitmap with that format
+  /// @throws CErr3D type 3, class 17, "InitContext", when memory runs out
   int bSetupPixelFormat();
-  /// Makes this context current on the calling thread.
+  /// Makes this context current on the calling thread. When it can't be, because it was closed or
+  /// is current on another thread, none is current afterwards, and drawing does nothing.
   void MakeCurrent();
   /// Leaves the calling thread without a current context.
   void MakeNonCurrent();
@@ -71,12 +76,13 @@ class ORVALIX_API COpenGL {
   /// far is sent to it, as by UpdateBitmap().
   void ExchangeBuffers();
   /// Deletes the OpenGL context and gives the bitmap's device context the default palette back.
-  /// Nothing can be drawn afterwards.
+  /// Nothing can be drawn afterwards, and no context is current. Closing again does nothing.
   void Close();
   /// Addition: sends everything drawn so far to OpenGL (`glFlush`).
   void Flush();
   /// Addition: finishes a frame: waits until everything is drawn and brings the pixels of the last
-  /// viewport into the bitmap's memory, where whoever reads the bitmap sees them.
+  /// viewport into the bitmap's memory, where whoever reads the bitmap sees them. Makes this
+  /// context current; does nothing without it or after the bitmap was deleted.
   /// @param width, height size in pixels of the drawn rectangle at the bitmap's bottom left
   ///   corner; what lies outside the bitmap is left out
   void UpdateBitmap(int width, int height);
@@ -175,8 +181,11 @@ class ORVALIX_API COpenGL {
   /// Nonzero draws the outline of every filled polygon too. Default 0.
   void SetPolygonOutlineMode(int mode);
   int GetPolygonOutlineMode() const;
-  /// Stores a normal for lines, its components made positive when `absolute` is nonzero.
+  /// Stores a normal for lines, its components made positive when `absolute` is nonzero. Lines
+  /// aren't lit: drawing doesn't consult it.
   void SetLineNormal(point3Dtype const& normal, int absolute);
+  /// Addition: the normal as stored; all 0 at first.
+  point3Dtype GetLineNormal() const;
   /// The unit normal of a plane code: 0 and 3 z, 1 and 4 y, 2 and 5 x.
   void GetAxesPlaneNormal(int plane, point3Dtype& normal) const;
   /// @}
@@ -188,7 +197,8 @@ class ORVALIX_API COpenGL {
   void LoadIdentity();
   /// Loads 16 values, column by column. Null does nothing.
   void LoadMatrixTransform(const double* matrix);
-  /// Addition: reads the model-view matrix back into 16 values, column by column.
+  /// Addition: reads the model-view matrix back into 16 values, column by column. Null does
+  /// nothing.
   void ReadModelViewMatrix(double* matrix) const;
   /// Addition: makes the model-view matrix the current one.
   void SelectModelView();
@@ -228,7 +238,7 @@ class ORVALIX_API COpenGL {
   /// One line in the line colour, style and width.
   void LineAbs3D(point3Dtype const& a, point3Dtype const& b);
   /// A polyline in the line colour, style and width. Nothing else may be drawn between start and
-  /// end.
+  /// end. A start ends a line that is still open; without one, the other two do nothing.
   void StartLineAbs3D(point3Dtype const& point);
   void AppendLineAbs3D(point3Dtype const& point);
   void EndLineAbs3D(point3Dtype const& point);
@@ -317,12 +327,13 @@ class ORVALIX_API COpenGL {
   /// @}
 
  private:
-  void SendPixelFormat();
   void SendColor(RGBDType const& color);
   void SendLineWidth();
   void SendStipple(int style);
   void BeginLine();
   void EndLine();
+  void SendLinePoint(point3Dtype const& point);
+  void FinishLine();
   void BeginOutline(RGBDType const& color);
   void EndOutline();
   void SendVertex(point3Dtype const& point);
@@ -365,6 +376,7 @@ class ORVALIX_API COpenGL {
   int m_windowColorBits;                          ///< bits per pixel of the window
   CDC* m_bitmapDC;                                ///< device context of the bitmap; not owned
   CDIBSection* m_dib;                             ///< bitmap drawn into; not owned
+  bool m_lineIsOpen;                              ///< between StartLineAbs3D() and EndLineAbs3D()
   int m_classTag;                                 ///< 1717 marks a live object
   std::unique_ptr<orvalix::GLBinding> m_binding;  ///< OpenGL bound to the bitmap
 };

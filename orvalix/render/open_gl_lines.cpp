@@ -43,12 +43,30 @@ void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {
 }
 
 void COpenGL::StartLineAbs3D(point3Dtype const& point) {
+  if (m_lineIsOpen) FinishLine();
   BeginLine();
   glBegin(GL_LINE_STRIP);
-  AppendLineAbs3D(point);
+  m_lineIsOpen = true;
+  SendLinePoint(point);
 }
 
 void COpenGL::AppendLineAbs3D(point3Dtype const& point) {
+  if (m_lineIsOpen) SendLinePoint(point);
+}
+
+void COpenGL::EndLineAbs3D(point3Dtype const& point) {
+  if (!m_lineIsOpen) return;
+  SendLinePoint(point);
+  FinishLine();
+}
+
+void COpenGL::FinishLine() {
+  glEnd();
+  m_lineIsOpen = false;
+  EndLine();
+}
+
+void COpenGL::SendLinePoint(point3Dtype const& point) {
   if (orvalix::IsPlaceable(point)) {
     SendVertex(point);
     return;
@@ -56,12 +74,6 @@ void COpenGL::AppendLineAbs3D(point3Dtype const& point) {
   // The line goes on behind the gap.
   glEnd();
   glBegin(GL_LINE_STRIP);
-}
-
-void COpenGL::EndLineAbs3D(point3Dtype const& point) {
-  AppendLineAbs3D(point);
-  glEnd();
-  EndLine();
 }
 
 void COpenGL::BeginOutline(RGBDType const& color) {
@@ -96,7 +108,7 @@ void COpenGL::Frame3D(const point3Dtype* points, int n) {
   if (points == nullptr || n < 1) return;
   BeginOutline(m_outlineColor);
   glBegin(GL_LINE_STRIP);
-  for (int i = 0; i < n; ++i) AppendLineAbs3D(points[i]);
+  for (int i = 0; i < n; ++i) SendLinePoint(points[i]);
   glEnd();
   EndOutline();
 }

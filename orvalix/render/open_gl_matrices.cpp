@@ -12,7 +12,7 @@ void COpenGL::LoadMatrixTransform(const double* matrix) {
 }
 
 void COpenGL::ReadModelViewMatrix(double* matrix) const {
-  glGetDoublev(GL_MODELVIEW_MATRIX, matrix);
+  if (matrix != nullptr) glGetDoublev(GL_MODELVIEW_MATRIX, matrix);
 }
 
 void COpenGL::SelectModelView() { glMatrixMode(GL_MODELVIEW); }

@@ -188,6 +188,8 @@ void COpenGL::SetLineNormal(point3Dtype const& normal, int absolute) {
   m_lineNormal.z = std::abs(normal.z);
 }
 
+point3Dtype COpenGL::GetLineNormal() const { return m_lineNormal; }
+
 void COpenGL::GetAxesPlaneNormal(int plane, point3Dtype& normal) const {
   switch (plane % 3) {
     case 0:

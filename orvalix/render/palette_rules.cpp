@@ -1,6 +1,7 @@
 #include "orvalix/render/palette_rules.h"
 
 #include <cstddef>
+#include <new>
 #include <vector>
 
 #include "orvalix/host/system_colors_internal.h"
@@ -69,7 +70,10 @@ HPALETTE CreatePaletteFor(const PaletteRules& rules, const PIXELFORMATDESCRIPTOR
       (static_cast<std::size_t>(count) * sizeof(PALETTEENTRY)) / sizeof(LOGPALETTE) + 1;
   std::vector<LOGPALETTE> storage(entries + 1);
   FillLogPalette(rules, format, storage.data(), count);
-  return CreatePalette(storage.data());
+  const HPALETTE palette = CreatePalette(storage.data());
+  // With entries to copy, nothing but a lack of memory stands in the way.
+  if (palette == nullptr) throw std::bad_alloc();
+  return palette;
 }
 
 }  // namespace orvalix

@@ -137,6 +137,62 @@ TEST_F(Lines, OutlinesAreUntexturedAndLeaveTexturingOn) {
   EXPECT_FALSE(glIsEnabled(GL_TEXTURE_1D));
 }
 
+class Outlines : public Lines {
+ protected:
+  /// Lets `draw` draw on white and returns a row of the picture: true for each blue pixel.
+  template <class Draw>
+  std::vector<bool> BluePixels(std::ptrdiff_t y, Draw&& draw) {
+    gl.SetClearColor(1, 1, 1, 1);
+    gl.Clear(0x4100);
+    draw();
+    gl.UpdateBitmap(200, 100);
+    const auto* row = static_cast<const unsigned char*>(target.dib->FindDIBBits()) +
+                      y * target.dib->StorageWidth();
+    std::vector<bool> isBlue;
+    for (std::ptrdiff_t x = 0; x < 200; ++x) {
+      isBlue.push_back(row[x * 4] == 255 && row[x * 4 + 1] == 0 && row[x * 4 + 2] == 0);
+    }
+    return isBlue;
+  }
+
+  /// A triangle that faces the viewer; its lower edge runs from column 50 to 150 in row 50.
+  const std::vector<point3Dtype> triangle{{-0.5, 0.01, 0, 0}, {0.5, 0.01, 0, 0}, {0, 0.75, 0, 0}};
+
+  void ExpectLowerEdge(const std::vector<bool>& row) {
+    // The ends of a line may be left out.
+    for (std::size_t x = 52; x < 148; ++x) EXPECT_TRUE(row[x]) << "column " << x;
+  }
+};
+
+TEST_F(Outlines, TakeNoColorFromTheTexture) {
+  const std::vector<RGBDType> texture{red, red};
+  gl.SetTextureMode(3);
+  gl.SetTextureColorArray(texture.data(), 0.0, 1.0, 2);
+  gl.EnableTexture(1);
+  gl.SetLineColor3D(blue);
+  ExpectLowerEdge(BluePixels(50, [&] { gl.PolyAbs3D(triangle.data(), 3); }));
+  gl.SetFillStyle3D(red, red, blue);
+  ExpectLowerEdge(BluePixels(50, [&] { gl.Frame3D(triangle.data(), 3); }));
+}
+
+TEST_F(Outlines, AreSolidInEveryLineStyle) {
+  gl.SetLineStyle3D(1, 1.0, blue);
+  gl.SetFillStyle3D(red, red, blue);
+  gl.LineAbs3D(kA, kB);  // its stipple stays behind
+  glEnable(GL_LINE_STIPPLE);
+  ExpectLowerEdge(BluePixels(50, [&] { gl.PolyAbs3D(triangle.data(), 3); }));
+  ExpectLowerEdge(BluePixels(50, [&] { gl.Frame3D(triangle.data(), 3); }));
+}
+
+TEST_F(Outlines, HaveTheLineWidth) {
+  gl.SetLineWidth3D(3.0);
+  gl.PolyAbs3D(triangle.data(), 3);
+  EXPECT_EQ(Integer(GL_LINE_WIDTH), 3);
+  gl.SetLineWidth3D(2.0);
+  gl.Frame3D(triangle.data(), 3);
+  EXPECT_EQ(Integer(GL_LINE_WIDTH), 2);
+}
+
 TEST_F(Lines, WidthsThatOpenGLCannotUseLeaveTheLastOne) {
   gl.SetLineWidth3D(2.0);
   gl.LineAbs3D(kA, kB);
@@ -160,6 +216,40 @@ TEST_F(Lines, AnUndrawablePointInterruptsALine) {
   ExpectVertices(drawn[0], {{-0.5, -0.5, 0.25}, {0.5, 0.25, 0.5}});
   ExpectVertices(drawn[1], {{0.75, 0.75, -0.5}, {-0.25, 0.5, 0.0}});
   EXPECT_TRUE(CaptureFeedback([&] { gl.LineAbs3D(kA, {0, 1e300, 0, 0}); }).empty());
+}
+
+TEST_F(Lines, GoOnAndEndOnlyAfterTheirStart) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  gl.LineAbs3D(kA, kB);  // in colour mode 0
+  gl.SetColorMode(1);
+  const auto drawn = CaptureFeedback([&] {
+    gl.AppendLineAbs3D({nan, 0, 0, 0});
+    gl.AppendLineAbs3D(kA);
+    gl.EndLineAbs3D(kB);
+    gl.EndLineAbs3D({nan, 0, 0, 0});
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+    gl.LineAbs3D(kC, kD);
+  });
+  ASSERT_EQ(drawn.size(), 1U);
+  ExpectVertices(drawn[0], {{0.75, 0.75, -0.5}, {-0.25, 0.5, 0.0}});
+  EXPECT_EQ(gl.GetColorMode(), 1);
+  EXPECT_TRUE(glIsEnabled(GL_LIGHTING));
+}
+
+TEST_F(Lines, AStartEndsTheLineThatIsOpen) {
+  gl.SetColorMode(1);
+  const auto drawn = CaptureFeedback([&] {
+    gl.StartLineAbs3D(kA);
+    gl.AppendLineAbs3D(kB);
+    gl.StartLineAbs3D(kC);
+    gl.EndLineAbs3D(kD);
+  });
+  ASSERT_EQ(drawn.size(), 2U);
+  ExpectVertices(drawn[0], {{-0.5, -0.5, 0.25}, {0.5, 0.25, 0.5}});
+  ExpectVertices(drawn[1], {{0.75, 0.75, -0.5}, {-0.25, 0.5, 0.0}});
+  EXPECT_EQ(gl.GetColorMode(), 1);
+  EXPECT_FALSE(glIsEnabled(GL_LINE_STIPPLE));
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
 }  // namespace

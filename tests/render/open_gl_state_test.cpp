@@ -65,7 +65,6 @@ TEST(OpenGLState, StartsWithItsDefaults) {
   std::array<RGBDType, 256> texture{};
   target.gl->CopyTextureArray(texture.data());
   ExpectColor(texture[0], 0, 0, 0, 0);
-  // What the fill style starts with shows in a polygon and its frame.
   GLViewportType output{};
   target.gl->GetOutputViewport(output);
   EXPECT_EQ(output.width, 0);
@@ -206,6 +205,9 @@ TEST(OpenGLState, AnInvertedXAxisSwapsTheClipLimitsOfAllAxes) {
   ExpectPlane(3, -1, 0, 0, 9.9876544);
   ExpectPlane(1, 0, 1, 0, -20.0246912);
   ExpectPlane(4, 0, -1, 0, 0.0246912);
+  // z: low 40, high 0, margin 40 k.
+  ExpectPlane(2, 0, 0, 1, -40.0493824);
+  ExpectPlane(5, 0, 0, -1, 0.0493824);
   // An inverted y alone is not exchanged: low 20, high 0, margin -20 k.
   target.gl->SetClipLimits({0, 20, 0, 0}, {10, 0, 40, 0});
   ExpectPlane(1, 0, 1, 0, -20.0 + 0.0246912);
@@ -245,8 +247,22 @@ TEST(OpenGLState, StoresTheLineStyle) {
   EXPECT_EQ(target.gl->GetLineWidth3D(), static_cast<double>(0.1F));  // kept as a float
   target.gl->SetPolygonOutlineMode(5);
   EXPECT_EQ(target.gl->GetPolygonOutlineMode(), 5);
+}
+
+TEST(OpenGLState, StoresTheNormalOfLines) {
+  Offscreen target;
+  const auto expectNormal = [&target](double x, double y, double z) {
+    const point3Dtype normal = target.gl->GetLineNormal();
+    EXPECT_EQ((std::array<double, 3>{normal.x, normal.y, normal.z}),
+              (std::array<double, 3>{x, y, z}));
+  };
+  expectNormal(0, 0, 0);
   target.gl->SetLineNormal({-1, 2, -3, 0}, 1);
+  expectNormal(1, 2, 3);
+  target.gl->SetLineNormal({1, -2, 3, 0}, -1);
+  expectNormal(1, 2, 3);
   target.gl->SetLineNormal({-1, 2, -3, 0}, 0);
+  expectNormal(-1, 2, -3);
 }
 
 TEST(OpenGLState, KnowsTheNormalsOfPlanes) {

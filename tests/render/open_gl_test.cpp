@@ -228,6 +228,7 @@ TEST(OpenGL, TurnsScalesAndMovesTheMatrix) {
   target.gl->ReadModelViewMatrix(same.data());
   EXPECT_EQ(same, matrix);
   target.gl->LoadMatrixTransform(nullptr);
+  target.gl->ReadModelViewMatrix(nullptr);
   target.gl->ReadModelViewMatrix(same.data());
   EXPECT_EQ(same, matrix);
 }
