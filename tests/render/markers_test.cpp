@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "render/drawing_fixture.h"
@@ -8,6 +10,7 @@ namespace {
 
 using orvalix::test::CaptureFeedback;
 using orvalix::test::FeedbackPrimitive;
+using orvalix::test::OfKind;
 using orvalix::test::Vertex;
 
 /// The four corners of a horizontal rectangle in the order of solids.
@@ -120,6 +123,35 @@ TEST_F(Markers, ArrowsEndAtAQuarterOfTheirHeight) {
   ExpectStack(drawn, 0, {{-0.2, -0.1, 0.2, 0.1, -0.6}, {-0.2, -0.1, 0.2, 0.1, 0.0}});
   // The ridge along y: from -d/4 to d/4 at z = h/4.
   ExpectStack(drawn, 6, {{-0.4, -0.2, 0.4, 0.2, 0.0}, {0.0, -0.1, 0.0, 0.1, 0.3}});
+}
+
+TEST_F(Markers, AreFilledAndOutlinedInTheirColors) {
+  const std::array<int, 6> all{1, 1, 1, 1, 1, 1};
+  const std::vector<point3Dtype> corners{
+      {-0.5, -0.5, -0.5, 0}, {-0.5, 0.5, -0.5, 0}, {0.5, 0.5, -0.5, 0}, {0.5, -0.5, -0.5, 0},
+      {-0.5, -0.5, 0.5, 0},  {-0.5, 0.5, 0.5, 0},  {0.5, 0.5, 0.5, 0},  {0.5, -0.5, 0.5, 0}};
+  // What draws, and how many solids of six faces it is made of.
+  const std::vector<std::pair<std::function<void()>, std::size_t>> shapes{
+      {[&] { gl.DrawPrism3D(-0.5, -0.5, -0.5, 1, 1, 1, red, blue); }, 1},
+      {[&] { gl.DrawComplexObject3D(corners.data(), 1, red, blue); }, 1},
+      {[&] { gl.DrawCube(0.5, red, blue); }, 1},
+      {[&] { gl.DrawCubeSolidObject3D(kW, kD, kH, red, blue, all.data()); }, 1},
+      {[&] { gl.DrawPyramidSolidObject3D(kW, kD, kH, red, blue); }, 1},
+      {[&] { gl.DrawDiamondSolidObject3D(kW, kD, kH, red, blue); }, 2},
+      {[&] { gl.DrawHourglassSolidObject3D(kW, kD, kH, red, blue); }, 2},
+      {[&] { gl.DrawPlusSolidObject3D(kW, kD, kH, red, blue); }, 2},
+      {[&] { gl.DrawArrowSolidObject3D(kW, kD, kH, red, blue); }, 2}};
+  gl.SetPolygonOutlineMode(1);
+  for (std::size_t i = 0; i < shapes.size(); ++i) {
+    SCOPED_TRACE(i);
+    const auto drawn = CaptureFeedback(shapes[i].first);
+    const auto areas = OfKind(drawn, FeedbackPrimitive::Kind::kPolygon);
+    const auto lines = OfKind(drawn, FeedbackPrimitive::Kind::kLine);
+    EXPECT_EQ(areas.size(), shapes[i].second * 6);
+    EXPECT_EQ(lines.size(), shapes[i].second * 24);
+    for (const auto& area : areas) ExpectColor(area, 1, 0, 0);
+    for (const auto& line : lines) ExpectColor(line, 0, 0, 1);
+  }
 }
 
 }  // namespace

@@ -113,7 +113,6 @@ TEST(Palette, TheContextsOwnPaletteFollowsTheSameRules) {
   Offscreen target(16, 16, 8);
   const auto stock = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
   target.gl->CreateRGBPalette();
-  target.gl->CreateRGBPalette();  // again: the first one is released
   const HPALETTE selected = SelectPalette(target.memory.GetSafeHdc(), stock, FALSE);
   ASSERT_NE(selected, nullptr);
   ASSERT_NE(selected, stock);
@@ -122,6 +121,27 @@ TEST(Palette, TheContextsOwnPaletteFollowsTheSameRules) {
   for (int i = 0; i < 256; ++i) {
     EXPECT_EQ(Of(entries[static_cast<std::size_t>(i)]), Expected332(i)) << i;
   }
+}
+
+TEST(Palette, TheContextKeepsOnlyItsLastOne) {
+  Offscreen target(16, 16, 8);
+  const HDC dc = target.memory.GetSafeHdc();
+  const auto stock = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
+  target.gl->CreateRGBPalette();
+  const HPALETTE first = SelectPalette(dc, stock, FALSE);
+  SelectPalette(dc, first, FALSE);
+  target.gl->CreateRGBPalette();
+  const HPALETTE second = SelectPalette(dc, stock, FALSE);
+  SelectPalette(dc, second, FALSE);
+  EXPECT_NE(second, first);
+  EXPECT_EQ(GetPaletteEntries(first, 0, 0, nullptr), 0U);
+  EXPECT_EQ(GetPaletteEntries(second, 0, 0, nullptr), 256U);
+  // Closing gives the device context the default palette back, the destructor releases ours.
+  target.gl->Close();
+  EXPECT_EQ(SelectPalette(dc, stock, FALSE), stock);
+  EXPECT_EQ(GetPaletteEntries(second, 0, 0, nullptr), 256U);
+  target.gl.reset();
+  EXPECT_EQ(GetPaletteEntries(second, 0, 0, nullptr), 0U);
 }
 
 TEST(Palette, TrueColorTargetsGetNone) {

@@ -25,6 +25,34 @@ TEST_F(Polygons, FillsInTheFillColor) {
   ExpectColor(drawn[0], 1, 0, 0);
 }
 
+TEST_F(Polygons, AreBlackWithWhiteOutlinesAtFirst) {
+  const auto filled = CaptureFeedback([&] { gl.PolyFillAbs3D(kTriangle.data(), 3); });
+  ASSERT_EQ(filled.size(), 1U);
+  ExpectColor(filled[0], 0, 0, 0);
+  const auto outline = CaptureFeedback([&] { gl.Frame3D(kTriangle.data(), 3); });
+  ASSERT_EQ(outline.size(), 2U);
+  for (const auto& line : outline) ExpectColor(line, 1, 1, 1);
+}
+
+TEST_F(Polygons, ReturnToTheFillColor) {
+  gl.SetFillStyle3D(red, green, blue);
+  gl.SetLineColor3D(green);
+  gl.LineAbs3D({0, 0, 0, 0}, {1, 0, 0, 0});
+  gl.SetPolygonOutlineMode(1);
+  for (int time = 0; time < 2; ++time) {  // after a line, and after an outline
+    const auto drawn = CaptureFeedback([&] { gl.PolyFillAbs3D(kTriangle.data(), 3); });
+    ASSERT_EQ(drawn.size(), 3U);
+    ExpectColor(drawn[0], 1, 0, 0);
+  }
+}
+
+TEST_F(Polygons, AreFilledWhateverTheModeWas) {
+  glPolygonMode(GL_FRONT, GL_LINE);
+  const auto drawn = CaptureFeedback([&] { gl.PolyFillAbs3D(kTriangle.data(), 3); });
+  ASSERT_EQ(drawn.size(), 1U);
+  EXPECT_EQ(drawn[0].kind, Kind::kPolygon);
+}
+
 TEST_F(Polygons, OutlineModeDrawsTheFrameBehindThem) {
   gl.SetFillStyle3D(red, green, blue);
   gl.SetPolygonOutlineMode(1);

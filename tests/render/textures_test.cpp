@@ -48,7 +48,10 @@ std::vector<RGBDType> Ramp(int n) {
 }
 
 TEST_F(Textures, ModesSetDecalNearestAndRepeat) {
+  ASSERT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
   gl.SetTextureMode(3);
+  // The third parameter has no such name.
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_INVALID_ENUM));
   EXPECT_EQ(Integer(GL_UNPACK_ALIGNMENT), 1);
   GLint environment = 0;
   glGetTexEnviv(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, &environment);
@@ -60,6 +63,7 @@ TEST_F(Textures, ModesSetDecalNearestAndRepeat) {
 
 TEST_F(Textures, NegativeModesAreOnlyStored) {
   gl.SetTextureMode(-1);
+  EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
   EXPECT_EQ(Integer(GL_UNPACK_ALIGNMENT), 4);
   EXPECT_NE(Parameter(GL_TEXTURE_MAG_FILTER), GL_NEAREST);
 }
@@ -122,6 +126,21 @@ TEST_F(Textures, ModesChooseTheCoordinate) {
   }
 }
 
+TEST_F(Textures, EveryVertexHasItsOwnCoordinate) {
+  const auto colors = Ramp(4);
+  gl.SetTextureColorArray(colors.data(), 0.0, 1.0, 4);
+  gl.SetTextureMode(3);
+  gl.EnableTexture(1);
+  const std::vector<point3Dtype> points{
+      {-0.5, -0.5, 0, 0.125}, {0.5, -0.5, 0, 0.25}, {0, 0.5, 0, 0.75}};
+  const auto drawn = CaptureFeedback([&] { gl.PolyFillAbs3D(points.data(), 3); });
+  ASSERT_EQ(drawn.size(), 1U);
+  ASSERT_EQ(drawn[0].vertices.size(), 3U);
+  EXPECT_NEAR(drawn[0].vertices[0].t, 0.129, 1e-6);
+  EXPECT_NEAR(drawn[0].vertices[1].t, 0.254, 1e-6);
+  EXPECT_NEAR(drawn[0].vertices[2].t, 0.754, 1e-6);
+}
+
 TEST_F(Textures, EndpointColorsBecomeAGreyRamp) {
   gl.SetTextureEndpointColors(SetRGBD(1, 0, 0, 0.25), SetRGBD(0, 0, 1, 0.5), 10.0, 20.0, 16);
   const auto uploaded = Uploaded();
@@ -152,6 +171,23 @@ TEST_F(Textures, CanBeCopiedOut) {
   EXPECT_NEAR(out[1].green, 254.0 / 255.0, 1e-12);
   EXPECT_EQ(out[1].alpha, 1.0);
   gl.CopyTextureArray(nullptr);
+}
+
+TEST_F(Textures, AllColorsAreCopiedOut) {
+  std::vector<RGBDType> colors;
+  // As 51 = 0.2 * 255, these come back from bytes as they were.
+  for (int i = 0; i < 300; ++i) colors.push_back(SetRGBD(i % 2, (i / 2) % 2, 0.2, 1.0));
+  colors[255] = SetRGBD(0.0, 0.0, 1.0, 0.2);
+  gl.SetTextureColorArray(colors.data(), 0.0, 1.0, 300);
+  std::vector<RGBDType> out(257, SetRGBD(7, 7, 7, 7));
+  gl.CopyTextureArray(out.data());
+  for (std::size_t i = 0; i < 256; ++i) {
+    EXPECT_EQ(out[i].red, colors[i].red) << i;
+    EXPECT_EQ(out[i].green, colors[i].green) << i;
+    EXPECT_EQ(out[i].blue, colors[i].blue) << i;
+    EXPECT_EQ(out[i].alpha, colors[i].alpha) << i;
+  }
+  EXPECT_EQ(out[256].red, 7.0);
 }
 
 TEST_F(Textures, CoordinatesBecomeValues) {
