@@ -132,7 +132,7 @@ class ORVALIX_API CChartView3D {
   /// The rendering context, owned by the view; null until the view is initialised.
   COpenGL* GetOpenGLPntr() const;
   /// Addition: the titles and the footer of the whole view, owned by the view; they lie under the
-  /// charts. Null until the view is initialised.
+  /// charts. Null until the view is initialised or loaded.
   CHeader3D* GetHeader() const;
   /// Addition: the bitmap, owned by the view; null until the view is initialised.
   CDIBSection* GetDIBSection() const;

@@ -25,7 +25,10 @@ void CChartView3D::InitChartView3D(CDC* dc) {
   MakeCompatibleBitmap(m_requestedWidth, m_requestedHeight, dc);
   MakeCompatibleOpenGL(dc);
   orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTVIEW3D, "InitChartView3D",
-                                [this] { m_header = std::make_unique<CHeader3D>(m_openGL.get()); });
+                                [this] {
+                                  if (!m_header) m_header = std::make_unique<CHeader3D>();
+                                });
+  m_header->InitHeaders(m_openGL.get());
   for (CChart3D* chart : m_charts) chart->InitChart3D(this);
 }
 

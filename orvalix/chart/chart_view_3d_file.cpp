@@ -35,12 +35,14 @@ void CChartView3D::RecordFields(Record& record, Self& self) {
   }
   int legends = 0;
   record.Count(legends, kLeastLegendBytes);
+  if constexpr (Record::kReading) {
+    if (!self.m_header) self.m_header = std::make_unique<CHeader3D>();
+  }
   if (self.m_header) {
     record.Child(*self.m_header);
   } else {
-    // A view that isn't initialised has no titles yet.
-    CHeader3D none;
-    record.Child(none);
+    CHeader3D withoutTitles;
+    record.Child(withoutTitles);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "chart/view_fixture.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/render/text_obj_3d.h"
 #include "support/caught_error.h"
 #include "support/temporary_file.h"
 
@@ -89,6 +90,21 @@ TEST(ChartViewFile, KeepsTheTitlesOfTheView) {
   EXPECT_STREQ(target.view->GetHeader()->GetTitle1(), "First");
   EXPECT_STREQ(target.view->GetHeader()->GetFooter(), "Last");
   EXPECT_EQ(SavedView(*target.view), file.Read());
+}
+
+TEST(ChartViewFile, KeepsTitlesThatAreLoadedBeforeTheViewCanDraw) {
+  ViewOn source(60, 60);
+  source.view->GetHeader()->SetTitle1("First");
+  const TemporaryFile file;
+  source.view->Save(file.Path());
+  CWnd window;
+  CChartView3D view(&window);
+  view.Load(file.Path());
+  EXPECT_EQ(SavedView(view), file.Read());
+  ASSERT_TRUE(window.CreateOffscreen(60, 60));
+  view.DrawViewScreen(window.GetDC());
+  EXPECT_STREQ(view.GetHeader()->GetTitle1(), "First");
+  EXPECT_GT(view.GetHeader()->GetTitle1Obj()->TextWidth(), 0.0);
 }
 
 TEST(ChartViewFile, ReportsFilesThatCannotBeOpened) {
