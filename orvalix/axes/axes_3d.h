@@ -26,6 +26,7 @@ class CTransform3D;
 class ORVALIX_API CAxes3D {
  public:
   /// Defaults only; bound to nothing.
+  /// @throws CErr3D type 3, class 1, "SetAxesDefaults", or class 3
   CAxes3D();
   /// Defaults, limits from `min` to `max` in world coordinates, then InitAxes().
   /// @throws CErr3D as InitAxes()
@@ -36,9 +37,6 @@ class ORVALIX_API CAxes3D {
   CAxes3D(const CAxes3D&) = delete;
   CAxes3D& operator=(const CAxes3D&) = delete;
 
-  /// Sets every property to its default, makes the axes and labels and counts the frame.
-  /// @throws CErr3D type 3, class 1, "SetAxesDefaults"
-  void SetAxesDefaults();
   /// Binds the frame with its axes and labels, and gives each axis the frame's limits; neither
   /// object is owned, and both must outlive the frame's use.
   /// @throws CErr3D class 1, "InitAxes": type 16 or 15 for a context or a transform that is null or
@@ -206,6 +204,7 @@ class ORVALIX_API CAxes3D {
   int GetAxisLabelsStringEnable(int axis) const;
   int GetNumAxisLabelStrings(int axis) const;
   /// Null is an empty title.
+  /// @throws CErr3D type 2, class 1, "SetAxisTitleString"
   void SetAxisTitleString(int axis, const char* text);
   /// An axis that doesn't exist leaves `text` as it is.
   void GetAxisTitleString(int axis, CString& text) const;
@@ -294,6 +293,7 @@ class ORVALIX_API CAxes3D {
   template <class Record, class PlaneOrConst>
   static void RecordPlane(Record& record, PlaneOrConst& plane);
 
+  void SetAxesDefaults();
   PlaneGrid* GridAt(int plane);
   const PlaneGrid* GridAt(int plane) const;
   Plane* PlaneAt(int plane);

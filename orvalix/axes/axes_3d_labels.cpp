@@ -3,6 +3,7 @@
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/axes/axis_labels_3d.h"
 #include "orvalix/axes/hand_on_internal.h"
+#include "orvalix/foundation/throw_error_internal.h"
 
 using orvalix::Apply;
 using orvalix::Ask;
@@ -37,7 +38,9 @@ void CAxes3D::SetAxisLabels(int axis, int plane, int rotation, int direction, in
 }
 
 void CAxes3D::SetAxisTitleString(int axis, const char* text) {
-  Apply(GetAxisLabels(axis), [&](CAxisLabels3D& l) { l.SetAxisTitleString(text); });
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_AXES3D, "SetAxisTitleString", [&] {
+    Apply(GetAxisLabels(axis), [&](CAxisLabels3D& l) { l.SetAxisTitleString(text); });
+  });
 }
 
 void CAxes3D::GetAxisTitleString(int axis, CString& text) const {

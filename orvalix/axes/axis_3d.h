@@ -69,8 +69,8 @@ class ORVALIX_API CAxis3D {
   /// Sets the six properties below at once.
   void SetAxisTics(double centerPoint, double ticSpace, int nthTicMajor, double minorTicLength,
                    double majorTicLength, int ticDir);
-  /// The value from which tics are counted, a major one. Outside of the limits there are no tics.
-  /// Default 0.
+  /// The value from which tics are counted, a major one. Further outside of the limits than a step
+  /// there are no tics. Default 0.
   void SetAxisCenterPoint(double value);
   double GetAxisCenterPoint() const;
   /// Distance between tics in axis units; without effect on logarithmic axes. 0, and what is no

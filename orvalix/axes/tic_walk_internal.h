@@ -37,7 +37,7 @@ inline bool HasDecadeAt(const TicRange& range, double value) {
 
 /// Calls `visit(value, count)` for centre, centre + step, ... with counts 0, 1, ... and then for
 /// centre - step, ... with counts 1, 2, ..., each series as long as it stays within the limits: a
-/// centre outside of them gives nothing. Steps of 0 or without a number give nothing.
+/// series that begins outside of them is empty. Steps of 0 or without a number give nothing.
 template <class Visit>
 void VisitLinearTics(const TicRange& range, double step, Visit visit) {
   if (step == 0.0 || !std::isfinite(step)) return;

@@ -64,6 +64,7 @@ void CChart3D::CalcAxisTicMarks(double min, double max, double& firstTic, double
 CTransform3D* CChart3D::AutoTransform3D(const point3Dtype* points, int count, int toMinorStep) {
   point3Dtype min{};
   point3Dtype max{};
+  if (points != nullptr && count > 0) min.v = max.v = points[0].v;
   const std::array<double point3Dtype::*, 3> coordinates{&point3Dtype::x, &point3Dtype::y,
                                                          &point3Dtype::z};
   for (const auto coordinate : coordinates) {
@@ -137,7 +138,7 @@ CTransform3D* CChart3D::AutoTransformGroup25D(const double* x, const double* gro
     for (std::size_t i = 0; i < values; ++i) sums[i] += group(g)[i];
   }
   CTransform3D* transform =
-      AutoTransform25D(x, sums.data(), count, depth, orientation, toMinorStep);
+      AutoTransform25D(x, sums.data(), static_cast<int>(values), depth, orientation, toMinorStep);
   point3Dtype min = transform->GetScaleMin();
   if (min.z > baseValue) {
     min.z = baseValue;

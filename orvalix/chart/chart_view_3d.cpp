@@ -87,12 +87,15 @@ CChart3D* CChartView3D::NewChart3D(const point3Dtype& min, const point3Dtype& ma
 
 CChart3D* CChartView3D::NewChart3D(const point3Dtype& min, const point3Dtype& max,
                                    CTransform3D** transform) {
-  return AppendChart(min, max, transform);
+  return NewChart3D(min, max, transform, nullptr);
 }
 
 CChart3D* CChartView3D::NewChart3D(const point3Dtype& min, const point3Dtype& max,
                                    CTransform3D** transform, CAxes3D** axes) {
-  return AppendChart(min, max, transform, axes);
+  CChart3D* chart = AppendChart(min, max);
+  if (transform != nullptr) *transform = chart->GetTransform(0);
+  if (axes != nullptr) *axes = chart->GetAxes(0);
+  return chart;
 }
 
 int CChartView3D::GetNumCharts() const { return m_charts.Count(); }

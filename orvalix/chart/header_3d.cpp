@@ -48,7 +48,6 @@ void CHeader3D::InitHeaderDefaults() {
   m_transformID = 0;
   m_classTag = orvalix::kHeaderTag;
   m_headerEnable = 1;
-  m_transform.reset();
   orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_HEADER3D, "InitHeaderDefaults",
                                 [this] {
                                   m_title1 = std::make_unique<CTextObj3D>();

@@ -16,7 +16,7 @@ class CTransform3D;
 class ORVALIX_API CHeader3D {
  public:
   /// Defaults, with three empty texts.
-  /// @throws CErr3D as InitHeaderDefaults()
+  /// @throws CErr3D type 3, class 14, "InitHeaderDefaults"
   CHeader3D();
   /// Defaults, then InitHeaders().
   explicit CHeader3D(COpenGL* context);
@@ -25,9 +25,6 @@ class ORVALIX_API CHeader3D {
   CHeader3D(const CHeader3D&) = delete;
   CHeader3D& operator=(const CHeader3D&) = delete;
 
-  /// Sets every property to its default, makes three empty texts and counts the header.
-  /// @throws CErr3D type 3, class 14, "InitHeaderDefaults"
-  void InitHeaderDefaults();
   /// Binds the header and its texts to a context, which must outlive the header's use, to its
   /// current font, and to a new transform.
   /// @throws CErr3D class 14, "InitHeaders": type 16 for null or something that is no live context,
@@ -83,6 +80,8 @@ class ORVALIX_API CHeader3D {
  private:
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
+
+  void InitHeaderDefaults();
 
   COpenGL* m_context;     ///< not owned
   double m_headerMargin;  ///< distance of the outer lines from the edges, in normalised units

@@ -86,14 +86,15 @@ Range RoundRange(Range range, bool toMinorStep) {
   const double magnitude = std::log10(wide.max - wide.min);
   const int decade = static_cast<int>(magnitude > 0.0 ? magnitude + 0.99999 : magnitude + 0.5);
   const PositiveGrid grid(wide, decade);
-  if (!grid.IsUsable()) return range;
+  if (!grid.IsUsable()) return wide;
   const StepPattern& pattern = PatternFor(kRoundPatterns, grid.High() + 1.0 - grid.Low());
   const double step = toMinorStep ? pattern.multiplier : pattern.multiplier * pattern.divisions;
   const double high = (std::trunc(grid.High() / step) + 1.0) * step * grid.Unit();
   const double low = std::trunc((grid.Low() - 1.0) / step) * step * grid.Unit();
   const Range rounded = grid.Return(low, high);
-  // Far from 0 the grid is finer than numbers are.
-  return {std::min(rounded.min, wide.min), std::max(rounded.max, wide.max)};
+  if (!IsFinite(rounded)) return wide;
+  // Far from 0 the grid is finer than numbers are. Adding 0 turns -0 into 0.
+  return {std::min(rounded.min, wide.min) + 0.0, std::max(rounded.max, wide.max) + 0.0};
 }
 
 TicMarks ChooseTicMarks(Range range) {
@@ -118,7 +119,9 @@ TicMarks ChooseTicMarks(Range range) {
   marks.decimals = std::max(0, -static_cast<int>(std::floor(std::log10(major * grid.Unit()))));
   // Kept: only a range that has 0 inside starts there; one that ends at 0 keeps the number of the
   // positive side, which lies outside of it.
-  if (!(rounded.min < 0.0 && rounded.max > 0.0)) marks.first = grid.IsMirrored() ? -first : first;
+  if (!(rounded.min < 0.0 && rounded.max > 0.0)) {
+    marks.first = (grid.IsMirrored() ? -first : first) + 0.0;
+  }
   return marks;
 }
 

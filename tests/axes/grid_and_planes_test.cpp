@@ -181,6 +181,17 @@ TEST_F(LogarithmicPlanes, CarryOneTwoFiveOrDecades) {
   EXPECT_TRUE(Values(0).empty());
 }
 
+TEST_F(LogarithmicPlanes, MakeIllegalLimitsLegal) {
+  const std::vector<double> legal = Values(1);
+  axes.SetAxisCenterPoint(0, 1);
+  const std::vector<double> fromOne = Values(1);
+  axes.SetAxisCenterPoint(0, 0);
+  EXPECT_THAT(Values(1), ::testing::Pointwise(WithinAThousandth(), fromOne));
+  axes.SetAxisLimits(0, -5, 1000);
+  axes.SetAxisCenterPoint(0, 10);
+  EXPECT_THAT(Values(1), ::testing::Pointwise(WithinAThousandth(), legal));
+}
+
 TEST_F(Planes, FillThemselvesJustOutside) {
   for (int p = 0; p < 6; ++p) {
     SCOPED_TRACE(p);
@@ -205,6 +216,104 @@ TEST_F(Planes, FillThemselvesJustOutside) {
       EXPECT_NEAR(box.high[static_cast<std::size_t>(inPlane)], 0.8, 1e-4);
     }
     axes.EnablePlane(p, 0);
+  }
+}
+
+/// A box of three different extents, so that no axis is taken for another.
+class UnevenPlanes : public Planes {
+ protected:
+  static constexpr std::array<double, 3> kLow{0.1, 0.2, 0.3};
+  static constexpr std::array<double, 3> kHigh{0.9, 0.7, 0.5};
+  UnevenPlanes() {
+    axes.SetAxesLimits({1, 2, 3, 0}, {9, 7, 5, 0});
+    axes.SetOutlineMode(0);
+  }
+  void ExpectBox(const Box& box, const std::array<double, 3>& low,
+                 const std::array<double, 3>& high) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      EXPECT_NEAR(box.low[i], low[i], 1e-4) << "axis " << i;
+      EXPECT_NEAR(box.high[i], high[i], 1e-4) << "axis " << i;
+    }
+  }
+};
+
+TEST_F(UnevenPlanes, AreFilledWithinTheirOwnAxes) {
+  for (int p = 0; p < 6; ++p) {
+    SCOPED_TRACE(p);
+    axes.SetPlaneColor(p, red, blue);
+    std::array<double, 3> low = kLow;
+    std::array<double, 3> high = kHigh;
+    const auto across = static_cast<std::size_t>(kLayouts[static_cast<std::size_t>(p)].across);
+    low[across] = high[across] = p < 3 ? low[across] - 0.002 : high[across] + 0.002;
+    ExpectBox(DrawnBox(), low, high);
+    axes.EnablePlane(p, 0);
+  }
+}
+
+TEST_F(UnevenPlanes, HaveWallsOfTheirOwnExtents) {
+  for (int p = 0; p < 6; ++p) {
+    SCOPED_TRACE(p);
+    axes.SetWallPlane(p, red, blue);
+    axes.SetWallThickness(p, 0.1);
+    axes.SetWallOffset(p, 0.0);
+    std::array<double, 3> low = kLow;
+    std::array<double, 3> high = kHigh;
+    const auto across = static_cast<std::size_t>(kLayouts[static_cast<std::size_t>(p)].across);
+    const double depth = 0.1 * (high[across] - low[across]);
+    if (p < 3) {
+      high[across] = low[across];
+      low[across] -= depth;
+    } else {
+      low[across] = high[across];
+      high[across] += depth;
+    }
+    ExpectBox(DrawnBox(), low, high);
+    axes.EnablePlane(p, 0);
+  }
+}
+
+TEST_F(UnevenPlanes, CarryGridsWithinTheirOwnAxes) {
+  for (int i = 0; i < 3; ++i) {
+    axes.SetAxisTics(i, std::array<double, 3>{1, 2, 3}[static_cast<std::size_t>(i)], 1, 1, 0, 0, 0);
+    axes.EnableAxis(i, 0);
+  }
+  for (int p = 0; p < 6; ++p) {
+    SCOPED_TRACE(p);
+    axes.SetPlaneGrid(p, 1, 1, red, 1.0, 0, 0);
+    std::array<double, 3> low = kLow;
+    std::array<double, 3> high = kHigh;
+    const auto across = static_cast<std::size_t>(kLayouts[static_cast<std::size_t>(p)].across);
+    low[across] = high[across] = p < 3 ? low[across] : high[across];
+    ExpectBox(DrawnBox(), low, high);
+    axes.EnableGrid(p, 0);
+  }
+}
+
+TEST_F(Planes, LieOutsideOnAnInvertedAxisToo) {
+  // z from 10 down to 0: its minimum is at the top of the picture, and outside of it is further up.
+  transform.SetScale({0, 0, 10, 0}, {10, 10, 0, 0});
+  axes.SetOutlineMode(0);
+  axes.SetPlaneColor(0, red, blue);
+  EXPECT_NEAR(DrawnBox().high[2], 0.8 + 0.002, 1e-4);
+  axes.EnablePlane(0, 0);
+  axes.SetPlaneColor(3, red, blue);
+  EXPECT_NEAR(DrawnBox().low[2], 0.2 - 0.002, 1e-4);
+  axes.EnablePlane(3, 0);
+  axes.SetWallThickness(0, 0.05);
+  axes.SetPlaneGrid(0, 3, 0, red, 1.0, 0, 1);
+  EXPECT_NEAR(DrawnBox().high[2], 0.8 + 0.05, 1e-4);
+}
+
+TEST_F(Planes, AreDrawnInTheirOrder) {
+  for (int p = 0; p < 6; ++p) {
+    axes.SetPlaneColor(p, SetRGBD((p + 1) / 10.0, 0, 0, 1), blue);
+    axes.SetPlaneColorMode(p, 0);
+  }
+  axes.SetOutlineMode(0);
+  const auto drawn = CaptureFeedback([this] { axes.DrawAxes(); });
+  ASSERT_EQ(drawn.size(), 6U);
+  for (std::size_t p = 0; p < 6; ++p) {
+    EXPECT_NEAR(drawn[p].vertices[0].red, static_cast<double>(p + 1) / 10.0, 1e-6);
   }
 }
 

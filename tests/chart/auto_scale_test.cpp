@@ -87,6 +87,9 @@ TEST(RoundAxis, TreatsSmallExtentsLiterally) {
   // 0.01: log -2; int(-1.5) = -1: grid of 0.001, 0 to 10, 11 units, steps of 1: 11 and -1.
   ExpectRounded({0, 0.01}, 1, {-0.001, 0.011});
   ExpectRounded({0, 0.01}, 0, {0, 0.015});
+  // 0.009: log -2.05; int(-1.55) = -1: grid of 0.001, 0 to 9, 10 units: steps of 1 (times 2).
+  ExpectRounded({0, 0.009}, 1, {-0.001, 0.01});
+  ExpectRounded({0, 0.009}, 0, {0, 0.01});
 }
 
 TEST(RoundAxis, ShiftsRangesThatBeginBelowZero) {
@@ -118,6 +121,14 @@ TEST(RoundAxis, GivesRangesWithoutExtentOne) {
 }
 
 TEST(RoundAxis, ExchangesLimitsInTheWrongOrder) { ExpectRounded({10, 0}, 1, {0, 10.5}); }
+
+TEST(RoundAxis, GivesNoNegativeZero) {
+  EXPECT_FALSE(std::signbit(Rounded(0, 10, 1).min));
+  EXPECT_FALSE(std::signbit(Rounded(-10, -0.3, 1).max));
+  EXPECT_TRUE(std::isfinite(Rounded(0.0, 1.7e308, 1).max));
+  const Range exchanged = Rounded(1.7e308, 0.0, 1);
+  EXPECT_EQ(exchanged.min, 0.0);
+}
 
 TEST(RoundAxis, LeavesWhatIsNotFiniteAlone) {
   for (const double bad : {kNotANumber, kInfinity, -kInfinity}) {
@@ -168,6 +179,10 @@ TEST(CalcAxisTicMarks, FollowItsOwnTable) {
   ExpectTics(200, 211, {200, 1, 5, 0});   // 11
 }
 
+TEST(CalcAxisTicMarks, TakeTheLastRowJustAboveADecade) {
+  ExpectTics(0, 10.5, {0, 1, 2, 0});  // 10 units of 1
+}
+
 TEST(CalcAxisTicMarks, StartAtTheFirstMajorStepInside) {
   ExpectTics(4, 60, {20, 5, 4, 0});          // 4 up to the next 20
   ExpectTics(1879, 2024, {1900, 10, 5, 0});  // units of 10: 187 to 202, 15 units, major 5: 190
@@ -182,6 +197,8 @@ TEST(CalcAxisTicMarks, StartAtZeroInsideOfTheRange) {
 TEST(CalcAxisTicMarks, MirrorNegativeRanges) {
   // 50 to 150 in units of 1 is 100 units: 5 times 10; 50 is a multiple of 50.
   ExpectTics(-150, -50, {-50, 5, 10, 0});
+  // 4 to 60 begins at 20.
+  ExpectTics(-60, -4, {-20, 5, 4, 0});
 }
 
 TEST(CalcAxisTicMarks, KeepTheShiftedNumberBelowZero) {
@@ -245,6 +262,8 @@ TEST_F(AutoScale, OfPoints) {
   CTransform3D* transform = chart->AutoTransform3D(points.data(), 3, 1);
   ExpectScale(transform, {0, 0, -155, 0}, {10.5, 65, -45, 0});
   EXPECT_EQ(chart->GetTransform(0), transform);
+  EXPECT_EQ(transform->GetScaleMin().v, 9.0);  // that of the first point
+  EXPECT_EQ(transform->GetScaleMax().v, 9.0);
   ExpectScale(chart->AutoTransform3D(points.data(), 3, 0), {0, 0, -160, 0}, {12, 80, -40, 0});
 }
 
@@ -287,6 +306,11 @@ TEST_F(AutoScale, OfSeveralSeries) {
   const std::array<int, 2> counts{2, 2};
   ExpectScale(chart->AutoTransformN25D(x.data(), y.data(), counts.data(), 2, 4.0, 0, 1),
               {0, 0, -155, 0}, {65, 4, 155, 0});
+  // Turned, to major steps, and with a count of its own for each series: -150 alone becomes -300 to
+  // 0, in units of 10 shifted by 1000 70 to 100, steps of 10: 60 and 110.
+  const std::array<int, 2> firstOnly{2, 1};
+  ExpectScale(chart->AutoTransformN25D(x.data(), y.data(), firstOnly.data(), 2, 4.0, 1, 0),
+              {0, 0, -400, 0}, {4, 12, 160, 0});
   // Kept: from negative values alone comes a maximum of 1e-100.
   const std::array<const double*, 1> negative{y2.data()};
   const CTransform3D* transform =
@@ -309,6 +333,9 @@ TEST_F(AutoScale, OfGroupsSideBySide) {
               {0, 0, 45, 0}, {10.5, 1, 155, 0});
   ExpectScale(chart->AutoTransformGroup25D(x.data(), groups.data(), 7.0, 2, 2, 1.0, 0, 0, 1),
               {0, 0, 7, 0}, {10.5, 1, 155, 0});
+  // Turned, to major steps: 40 to 120, and 40 to 160.
+  ExpectScale(chart->AutoTransformGroup25D(x.data(), groups.data(), 70.0, 2, 2, 1.0, 1, 0, 0),
+              {0, 0, 40, 0}, {1, 12, 160, 0});
 }
 
 TEST_F(AutoScale, OfStackedGroups) {

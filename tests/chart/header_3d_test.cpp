@@ -94,6 +94,18 @@ class DrawnHeader : public ::testing::Test {
   std::vector<FeedbackPrimitive> Drawn() {
     return CaptureFeedback([this] { header.DrawHeader(); });
   }
+  /// The aspect of the header's transform, as the width of a text shows it that is drawn by itself.
+  double HeaderTransformAspect() {
+    Box box;
+    for (const FeedbackPrimitive& primitive :
+         CaptureFeedback([this] { header.GetTitle1Obj()->OutTextNorm(); })) {
+      for (const FeedbackVertex& vertex : primitive.vertices) {
+        box.left = std::min(box.left, vertex.x);
+        box.right = std::max(box.right, vertex.x);
+      }
+    }
+    return box.right - box.left;
+  }
   void SetColors() {
     header.GetTitle1Obj()->SetColor(kRedColor);
     header.GetTitle2Obj()->SetColor(kGreenColor);
@@ -170,8 +182,12 @@ TEST_F(DrawnHeader, FollowsItsFactors) {
 TEST_F(DrawnHeader, ADisabledOneDrawsNothing) {
   header.SetTitle1("H");
   header.SetViewAspect(0.25);
+  Drawn();
+  const double wide = HeaderTransformAspect();
+  header.SetViewAspect(0.75);
   header.EnableHeader(0);
   EXPECT_TRUE(Drawn().empty());
+  EXPECT_EQ(HeaderTransformAspect(), wide);  // it doesn't touch its transform
 }
 
 TEST_F(DrawnHeader, LoadingKeepsItsTransform) {
@@ -213,6 +229,40 @@ TEST(HeaderOfAView, LiesUnderTheChartsInTheSameSizeEveryFrame) {
   EXPECT_EQ(inkIn(175, 197), ink);
   EXPECT_EQ(inkIn(3, 25), 0);  // the chart covers the footer
   EXPECT_EQ(CChartView3D().GetHeader(), nullptr);
+}
+
+TEST(HeaderOfAView, KeepsItsShapeInAWideView) {
+  ViewOn target(400, 100);
+  CHeader3D* header = target.view->GetHeader();
+  header->SetTitle1("H");
+  CHeader3D* ofChart = nullptr;
+  target.view->DrawViewScreen();
+  target.view->GetOpenGLPntr()->MakeCurrent();
+  const auto shape = [&](CHeader3D& drawn) {
+    double left = 1e9;
+    double right = -1e9;
+    double low = 1e9;
+    double high = -1e9;
+    for (const FeedbackPrimitive& primitive : CaptureFeedback([&] { drawn.DrawHeader(); })) {
+      for (const FeedbackVertex& vertex : primitive.vertices) {
+        left = std::min(left, vertex.x);
+        right = std::max(right, vertex.x);
+        low = std::min(low, vertex.y);
+        high = std::max(high, vertex.y);
+      }
+    }
+    return (right - left) / (high - low);
+  };
+  const GLYPHMETRICSFLOAT letter = target.view->GetOpenGLPntr()->GetFont()->GetGlyphMetrics('H');
+  const double expected = static_cast<double>(letter.gmfBlackBoxX / letter.gmfBlackBoxY);
+  EXPECT_NEAR(shape(*header), expected, 0.02);
+  // So does that of a chart, in a rectangle of another shape.
+  CChart3D* chart = target.view->NewChart3D();
+  chart->SetChartPosition({0, 0, 0.5, 1});
+  ofChart = chart->GetHeader();
+  ofChart->SetTitle1("H");
+  target.view->DrawViewScreen();
+  EXPECT_NEAR(shape(*ofChart), expected, 0.02);
 }
 
 }  // namespace
