@@ -39,7 +39,8 @@ class ORVALIX_API CAxisLabels3D {
   void InitLabelJustTable();
   /// Binds the labels; none of the three is owned, and each must outlive the labels' use.
   /// @throws CErr3D class 3, "InitAxisLabels": type 16, 15 or 10 for a context, a transform or an
-  ///   axis that is null or no live one; the labels are then bound to nothing
+  ///   axis that is null or no live one; type 17, class 19 when the context has no current font.
+  ///   The labels are then bound to nothing
   void InitAxisLabels(COpenGL* context, CTransform3D* transform, CAxis3D* axis);
 
   /// @name Labels
@@ -160,8 +161,9 @@ class ORVALIX_API CAxisLabels3D {
   /// @}
 
   /// Makes the labels anew and draws them, then the title. The context must be current and the
-  /// transform's chart transformation loaded.
-  /// @throws CErr3D type 3, class 3, "NewLabelObj"
+  /// transform's chart transformation loaded. Draws nothing while the context's current font index
+  /// names no font.
+  /// @throws CErr3D type 3, class 3, "NewLabelObj", or as CTextObj3D::SetString()
   void DrawAxisLabels();
 
   /// Addition: id of the transform, as bound or as loaded.

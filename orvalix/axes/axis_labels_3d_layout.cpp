@@ -36,7 +36,9 @@ void CAxisLabels3D::DrawAxisLabels() {
   m_title->OutTextNorm();
 }
 
-bool CAxisLabels3D::IsDrawn() const { return m_labelsSet != 0 && m_context != nullptr; }
+bool CAxisLabels3D::IsDrawn() const {
+  return m_labelsSet != 0 && m_context != nullptr && m_context->GetFont() != nullptr;
+}
 
 bool CAxisLabels3D::CalcAxisLabels() {
   m_context->SetFillStyle3D(m_labelsColor, SetRGBD(0.0, 0.0, 0.0, 1.0), m_labelsColor);

@@ -32,7 +32,7 @@ inline bool Contains(const TicRange& range, double value) {
 /// True where a walk by decades goes on.
 inline bool HasDecadeAt(const TicRange& range, double value) {
   constexpr double kShare = 0.9;
-  return value < kShare * range.max && value > kShare * range.min;
+  return value > 0.0 && value < kShare * range.max && value > kShare * range.min;
 }
 
 /// Calls `visit(value, count)` for centre, centre + step, ... with counts 0, 1, ... and then for

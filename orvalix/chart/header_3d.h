@@ -28,7 +28,7 @@ class ORVALIX_API CHeader3D {
   /// Binds the header and its texts to a context, which must outlive the header's use, to its
   /// current font, and to a new transform.
   /// @throws CErr3D class 14, "InitHeaders": type 16 for null or something that is no live context,
-  ///   type 3
+  ///   type 3; type 17, class 19 when the context has no current font
   void InitHeaders(COpenGL* context);
 
   /// @name Texts

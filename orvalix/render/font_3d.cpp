@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "orvalix/foundation/class_tags_internal.h"
@@ -65,6 +66,8 @@ void CFont3D::InitFont(COpenGL* context, CDC* deviceContext, int listBase) {
   }
   orvalix::RequireTag(context, orvalix::kOpenGLTag, ERR3D_OPENGL_PARAMETER, ERR3DCLASS_FONT3D,
                       "InitFont");
+  // The lists of another context stay with it.
+  if (context != m_context) m_builtChars = 0;
   m_context = context;
   m_deviceContext = deviceContext;
   m_listBase = listBase;
@@ -78,7 +81,8 @@ int CFont3D::RegisterFont(CString const& face, double scale, int weight, int ita
   m_weight = weight;
   m_requestedSize = scale;
   DescribeFont(face);
-  if (m_context == nullptr) return 0;
+  // OpenGL has no list 0.
+  if (m_context == nullptr || m_listBase < 1) return 0;
   try {
     const std::vector<orvalix::Glyph> glyphs =
         orvalix::LoadGlyphs({.name = face,
@@ -91,9 +95,9 @@ int CFont3D::RegisterFont(CString const& face, double scale, int weight, int ita
     std::vector<orvalix::GlyphSolid> solids;
     solids.reserve(glyphs.size());
     for (const orvalix::Glyph& glyph : glyphs) solids.push_back(orvalix::FillGlyph(glyph));
-    const CString name = face;
+    CString name = face;
     CompileLists(glyphs, solids);
-    m_faceName = name;
+    m_faceName = std::move(name);
   } catch (const std::bad_alloc&) {
     return 0;
   }

@@ -47,7 +47,8 @@ class ORVALIX_API CFont3D {
   /// @param weight 400 is normal, 700 bold
   /// @param italic, underline nonzero: slanted; a bar below each character
   /// @param numChars character codes, from 0, of Windows Latin-1; at most 256 are built
-  /// @return nonzero on success; 0 also when numChars is below 1 or memory runs out
+  /// @return nonzero on success; 0 also when numChars or the list base is below 1, or
+  ///   memory runs out
   int RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                    int numChars);
   /// The same without underline.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <deque>
 #include <memory>
 #include <new>
@@ -114,7 +115,6 @@ void SendFace(const std::vector<GlyphPoint>& triangles, double z) {
 
 /// Walls, each facing away from the area.
 void SendWalls(const std::vector<GlyphPoint>& edges, double extrusion) {
-  glBegin(GL_QUADS);
   for (std::size_t i = 0; i + 1 < edges.size(); i += 2) {
     const GlyphPoint& a = edges[i];
     const GlyphPoint& b = edges[i + 1];
@@ -122,9 +122,10 @@ void SendWalls(const std::vector<GlyphPoint>& edges, double extrusion) {
     glVertex3d(a.x, a.y, -extrusion);
     glVertex3d(b.x, b.y, -extrusion);
     glVertex3d(b.x, b.y, 0.0);
+    glVertex3d(a.x, a.y, -extrusion);
+    glVertex3d(b.x, b.y, 0.0);
     glVertex3d(a.x, a.y, 0.0);
   }
-  glEnd();
 }
 
 }  // namespace
@@ -141,9 +142,11 @@ void SendGlyphSolid(const GlyphSolid& solid, double extrusion) {
   glNormal3d(0.0, 0.0, 1.0);
   SendFace(solid.triangles, 0.0);
   glNormal3d(0.0, 0.0, -1.0);
-  SendFace({solid.triangles.rbegin(), solid.triangles.rend()}, -extrusion);
+  const bool extruded = extrusion > 0.0 && std::isfinite(static_cast<float>(extrusion));
+  const double depth = extruded ? extrusion : 0.0;
+  SendFace({solid.triangles.rbegin(), solid.triangles.rend()}, -depth);
+  if (extruded) SendWalls(solid.edges, depth);
   glEnd();
-  if (extrusion > 0.0) SendWalls(solid.edges, extrusion);
 }
 
 }  // namespace orvalix

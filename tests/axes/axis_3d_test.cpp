@@ -339,6 +339,39 @@ TEST_F(DrawnAxis, DrawsLogarithmicTics) {
   ExpectLine(tics[27], {0, 0, 0, 0, 0, 0.1});
 }
 
+TEST_F(DrawnAxis, DrawsALogarithmicLine) {
+  transform.SetScale({1, 0, 1, 0}, {1000, 10, 100, 0});
+  transform.SetAxisScaleMode(0, 1);
+  transform.SetAxisScaleMode(2, 1);
+  transform.ChartTransform();
+  axis.SetAxisLimits(1, 1000);
+  axis.SetAxisIntercept(0, 10);
+  ExpectLines(LinesOf([&] { axis.DrawAxisLine(); }), {{0, 0, 0.5, 1, 0, 0.5}});
+  // A tic along the logarithmic z is 0.1 of its two decades long.
+  axis.SetAxisTics(1, 1, 1, 0.1, 0.1, 5);
+  ExpectLine(LinesOf([&] { axis.DrawAxisTics(); })[0], {0, 0, 0.5, 0, 0, 0.6});
+}
+
+TEST_F(DrawnAxis, PointsItsTicsAlongInvertedAxes) {
+  transform.SetScale({0, 0, 10, 0}, {10, 10, 0, 0});
+  transform.ChartTransform();
+  axis.SetAxisLimits(4, 6);
+  axis.SetAxisIntercept(5, 5);
+  axis.SetAxisTics(5, 100, 1, 0.1, 0.1, 5);  // towards larger z, which is down now
+  ExpectLines(LinesOf([&] { axis.DrawAxisTics(); }), {{0.5, 0.5, 0.5, 0.5, 0.5, 0.4}});
+}
+
+TEST_F(DrawnAxis, SetsTheNormalOfItsLines) {
+  axis.SetAxisLimits(0, 10);
+  axis.SetAxisTics(0, 5, 1, 0.05, 0.1, 5);
+  axis.DrawAxis();
+  // (0, 0, 0) - (10, 0, 0) times (10, 0, 0) - (10, 0, 0.5): (0, -5, 0), made positive.
+  const point3Dtype normal = gl.GetLineNormal();
+  EXPECT_NEAR(normal.x, 0.0, 1e-12);
+  EXPECT_NEAR(normal.y, 5.0, 1e-12);
+  EXPECT_NEAR(normal.z, 0.0, 1e-12);
+}
+
 TEST_F(DrawnAxis, MakesIllegalLogarithmicLimitsLegal) {
   transform.SetScale({1, 0, 0, 0}, {1000, 10, 10, 0});
   transform.SetAxisScaleMode(0, 1);

@@ -6,6 +6,7 @@
 #include <array>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "axes/axes_fixture.h"
@@ -168,7 +169,8 @@ TEST(AxisLabels3D, SaveTheirFieldsInOrder) {
   CAxisLabels3D::nSelfID = 7;
   CTextObj3D::nSelfID = 9;
   const std::array<CString, 2> strings{"a", "bc"};
-  labels.SetAxisLabels(1, 2, 3, 4, 5, {0, 0, 0, 0}, strings.data(), 2);
+  labels.SetAxisLabels(1, 2, 3, 4, 5, {1, 0, 0, 0}, strings.data(), 2);
+  labels.SetAxisLabelsSize(2.0);
   labels.SetAxisLabelsFormat(6);
   labels.SetAxisLabelsXJust(7);
   labels.SetAxisLabelsYJust(8);
@@ -186,7 +188,7 @@ TEST(AxisLabels3D, SaveTheirFieldsInOrder) {
       05000000 07000000 08000000 02000000            # ends, justification, number of strings
       09000000 0a000000 0b000000 0c000000            # flips
       0d000000 0e000000 0f000000 10000000 11000000 12000000  # title
-      000000000000f83f 000000000000f03f 000000000000f03f     # tic offset, sizes
+      000000000000f83f 0000000000000040 000000000000f03f     # tic offset, sizes
       01000000 02000000 00000000 01000000  01000000 02000000 00000000 01000000
       02000000 02000000 02000000 00000000  01000000 02000000 00000000 01000000  # x axis
       02000000 01000000 02000000 01000000  02000000 02000000 02000000 00000000
@@ -194,7 +196,7 @@ TEST(AxisLabels3D, SaveTheirFieldsInOrder) {
       02000000 01000000 01000000 02000000  02000000 01000000 01000000 02000000
       02000000 01000000 01000000 00000000  02000000 01000000 01000000 02000000  # z axis
       01000000 00000000 13000000                     # labels set, spare, strings enabled
-      0000000000000000 0000000000000000 0000000000000000 0000000000000000  # colours
+      000000000000f03f 0000000000000000 0000000000000000 0000000000000000  # colours
       0000000000000000 0000000000000000 0000000000000000 0000000000000000
       01000000 61 02000000 6263                      # strings
       09000000 00000000 01000000 54                  # the title: counter, transform, string
@@ -207,6 +209,14 @@ TEST(AxisLabels3D, SaveTheirFieldsInOrder) {
   LoadFrom(loaded, record);
   EXPECT_EQ(CAxisLabels3D::nSelfID, 7);
   EXPECT_EQ(Saved(loaded), record);
+  Bytes changed = record;
+  changed[4] = 0x31;                              // the transform's id
+  changed[8] = 2;                                 // the axis
+  changed[expected.size() - 32 - 64 - 1] = 0x33;  // the spare number before the strings' switch
+  LoadFrom(loaded, changed);
+  EXPECT_EQ(Saved(loaded), changed);
+  EXPECT_EQ(loaded.GetTransformID(), 0x31);
+  LoadFrom(loaded, record);
   EXPECT_EQ(loaded.GetAxisLabelsNthTic(), 0);
   EXPECT_STREQ(loaded.GetEngString(), " KMBT");
   loaded.Save(nullptr);
@@ -468,6 +478,62 @@ TEST_F(DrawnLabels, ExchangeTheSidesInTheOtherDirection) {
   EXPECT_EQ(First().GetXJustify(), 1);
 }
 
+TEST_F(DrawnLabels, ExchangeOnlyWhatLiesAlongTheirDirection) {
+  // The y axis in plane 3: 2 and 2.
+  constexpr int kPlusZ = 5;
+  axis.InitAxis(&gl, &transform, 1);
+  labels.InitAxisLabels(&gl, &transform, &axis);
+  labels.SetAxisLabelsPlane(3);
+  const auto justify = [&](int direction) {
+    labels.SetAxisLabelsDir(direction);
+    return std::pair(First().GetXJustify(), First().GetYJustify());
+  };
+  EXPECT_EQ(justify(0), std::pair(2, 2));
+  EXPECT_EQ(justify(kPlusX), std::pair(0, 2));
+  EXPECT_EQ(justify(kPlusY), std::pair(2, 0));
+  EXPECT_EQ(justify(kDown), std::pair(2, 2));
+  EXPECT_EQ(justify(kPlusZ), std::pair(2, 2));
+  transform.SetScale({0, 10, 10, 0}, {10, 0, 0, 0});
+  transform.ChartTransform();
+  EXPECT_EQ(justify(1), std::pair(2, 0));
+  EXPECT_EQ(justify(kPlusY), std::pair(2, 2));
+  EXPECT_EQ(justify(kDown), std::pair(2, 2));
+  EXPECT_EQ(justify(kPlusX), std::pair(0, 2));
+}
+
+TEST_F(DrawnLabels, CountTheirStringsOverBothPasses) {
+  const std::array<CString, 3> strings{"a", "b", "c"};
+  labels.SetAxisLabelsStrings(strings.data(), 3);
+  labels.EnableAxisLabelsStrings(1);
+  axis.SetAxisTics(5, 1, 5, 0.02, 0.04, kDown);
+  EXPECT_THAT(Texts(), ElementsAre("a", "b", "c"));  // 5, 10, 0
+}
+
+TEST_F(DrawnLabels, StandOutsideOfAnInvertedAxisToo) {
+  transform.SetScale({0, 0, 10, 0}, {10, 10, 0, 0});
+  transform.ChartTransform();
+  labels.SetAxisLabelsDir(5);
+  EXPECT_NEAR(First().GetLocation().z, 0.6, 1e-9);  // 0.06 of 10, towards larger values
+}
+
+TEST_F(DrawnLabels, NeedAFont) {
+  gl.SetCurrentFont(99);
+  labels.DrawAxisLabels();
+  EXPECT_EQ(labels.GetNumAxisLabelObjs(), 0);
+  EXPECT_EQ(Catch([&] { labels.InitAxisLabels(&gl, &transform, &axis); }),
+            (CaughtError{17, 19, "InitTextObj"}));
+  gl.SetCurrentFont(0);
+}
+
+TEST_F(DrawnLabels, ReportThatTheyCannotBeMade) {
+  labels.SetAxisLabelsEnds(7);
+  const CaughtError caught = Catch([&] {
+    const orvalix::test::AllocationFailure failure(1);
+    labels.DrawAxisLabels();
+  });
+  EXPECT_EQ(caught, (CaughtError{3, 3, "NewLabelObj"}));
+}
+
 TEST_F(DrawnLabels, CrossTheirFlips) {
   axis.InitAxis(&gl, &transform, 1);
   axis.SetAxisIntercept(10, 0);
@@ -644,6 +710,23 @@ TEST_F(LogarithmicAxisLabels, DropTheEndsByTheRawRange) {
   EXPECT_THAT(Texts(), ElementsAre("100"));
   labels.SetAxisLabelsEnds(1);
   EXPECT_THAT(Texts(), ElementsAre("100", "1"));
+}
+
+TEST_F(LogarithmicAxisLabels, MeasureTheEndsByAThousandthOfTheRawRange) {
+  // A thousandth of 1 to 10000 is 9.999, so that 10 is at the minimum.
+  transform.SetScale({1, 0, 0, 0}, {10000, 10, 10, 0});
+  transform.ChartTransform();
+  axis.SetAxisLimits(1, 10000);
+  axis.SetAxisTics(1, 1, 1, 0.02, 0.04, kDown);
+  labels.SetAxisLabelsEnds(0);
+  EXPECT_THAT(Texts(), ElementsAre("100", "1000"));
+}
+
+TEST_F(LogarithmicAxisLabels, CountTheirStringsOverBothPasses) {
+  const std::array<CString, 5> strings{"a", "b", "c", "d", "e"};
+  labels.SetAxisLabelsStrings(strings.data(), 5);
+  labels.EnableAxisLabelsStrings(1);
+  EXPECT_THAT(Texts(), ElementsAre("a", "b", "c", "d", "e"));  // 10, 100, 1000, 10, 1
 }
 
 TEST_F(LogarithmicAxisLabels, MakeInterceptsLegal) {

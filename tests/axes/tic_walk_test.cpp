@@ -142,6 +142,7 @@ TEST(LogarithmicTics, EndForEveryInput) {
     EXPECT_LE(LogarithmicTics({.min = 1, .max = bad, .center = 10}).size(), 20000U);
     EXPECT_LE(LogarithmicTics({.min = 1, .max = 100, .center = bad}).size(), 20000U);
   }
+  EXPECT_THAT(LogarithmicTics({.min = -1, .max = 100, .center = 0}), IsEmpty());
   EXPECT_LE(LogarithmicTics({.min = 1e-300, .max = 1e300, .center = 1e-299}).size(), 20000U);
 }
 

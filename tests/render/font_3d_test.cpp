@@ -104,6 +104,8 @@ TEST(Font3D, DistrustsItsRecord) {
   EXPECT_EQ(Catch([&] { font.Save(full.m_hFile); }), (CaughtError{7, 13, "Save"}));
 }
 
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
 /// FreeType's own view of a face that fontconfig finds.
 class ReferenceFace {
  public:
@@ -279,6 +281,48 @@ TEST_F(RegisteredFont, ExtrudesAwayFromTheFront) {
   font.SetFontExtrusion(0.0);
   ASSERT_NE(font.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
   EXPECT_NEAR(deepest(), 0.5, 1e-5);
+}
+
+TEST_F(RegisteredFont, HasWallsBetweenFrontAndBack) {
+  const auto facing = [&](double extrusion) {
+    font.SetFontExtrusion(extrusion);
+    EXPECT_NE(font.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
+    return CaptureFeedback([&] {
+             gl.LoadIdentity();
+             gl.Rotate3D(50.0, 1);
+             font.DrawText3D("l");  // a box in this face
+           })
+        .size();
+  };
+  const std::size_t flat = facing(0.0);
+  // Of the four walls of a box one faces the viewer from this side; above and below are edge-on.
+  EXPECT_EQ(facing(0.3), flat + 2);  // two triangles
+  for (const double none : {-0.5, kNotANumber, std::numeric_limits<double>::infinity()}) {
+    EXPECT_EQ(facing(none), flat) << none;
+    for (const FeedbackPrimitive& primitive : Drawn("l")) {
+      for (const auto& vertex : primitive.vertices) EXPECT_NEAR(vertex.z, 0.5, 1e-6) << none;
+    }
+  }
+}
+
+TEST_F(RegisteredFont, LeavesTheListsOfOtherContextsAlone) {
+  ASSERT_NE(font.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
+  Offscreen other;
+  CFont3D itsOwn(other.gl.get(), &other.memory, 5000);
+  ASSERT_NE(itsOwn.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
+  font.InitFont(other.gl.get(), &other.memory, 6000);
+  ASSERT_NE(font.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
+  EXPECT_TRUE(glIsList(5000 + 'A'));
+  EXPECT_TRUE(glIsList(6000 + 'A'));
+  gl.MakeCurrent();
+}
+
+TEST_F(RegisteredFont, NeedsAListBase) {
+  for (const int base : {0, -65, std::numeric_limits<int>::min()}) {
+    font.InitFont(&gl, &target.memory, base);
+    EXPECT_EQ(font.RegisterFont("Arial", 1.0, 400, 0, 0, 128), 0);
+  }
+  EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
 }
 
 TEST_F(RegisteredFont, FollowsCurvesAsCloselyAsAsked) {

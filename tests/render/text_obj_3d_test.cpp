@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <ostream>
 #include <string>
 
 #include "orvalix/render/font_3d.h"
@@ -261,6 +262,84 @@ TEST_F(DrawnText, LiesInItsPlane) {
   EXPECT_NEAR(side.Height(), 50.0 * 0.2 * GlyphHeight(), 0.05);
 }
 
+/// Where the heavy corner of an L lies on the screen: -1 left or down, 1 right or up. Upright it is
+/// left and down.
+struct Corner {
+  int x;
+  int y;
+  bool operator==(const Corner&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const Corner& corner) {
+    return out << corner.x << ", " << corner.y;
+  }
+};
+
+class TurnedText : public DrawnText {
+ protected:
+  TurnedText() { text.SetString("L"); }
+
+  Corner CornerSeen() {
+    const auto drawn = CaptureFeedback([this] { text.OutTextNorm(); });
+    const Box box = TextBounds();
+    double area = 0.0;
+    double x = 0.0;
+    double y = 0.0;
+    for (const FeedbackPrimitive& primitive : drawn) {
+      const auto& v = primitive.vertices;
+      for (std::size_t i = 1; i + 1 < v.size(); ++i) {
+        const double part = std::abs((v[i].x - v[0].x) * (v[i + 1].y - v[0].y) -
+                                     (v[i + 1].x - v[0].x) * (v[i].y - v[0].y));
+        area += part;
+        x += part * (v[0].x + v[i].x + v[i + 1].x) / 3.0;
+        y += part * (v[0].y + v[i].y + v[i + 1].y) / 3.0;
+      }
+    }
+    EXPECT_GT(area, 0.0);
+    return {x / area < (box.left + box.right) / 2.0 ? -1 : 1,
+            y / area < (box.bottom + box.top) / 2.0 ? -1 : 1};
+  }
+  /// Upright, turned by 90 and by -90 degrees, and with each flip.
+  void ExpectCorners(const std::array<Corner, 5>& expected) {
+    const std::array<std::array<int, 3>, 5> cases{
+        {{0, 0, 0}, {90, 0, 0}, {-90, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+      text.SetRotation(cases[i][0]);
+      text.SetFlipX(cases[i][1]);
+      text.SetFlipY(cases[i][2]);
+      EXPECT_EQ(CornerSeen(), expected[i]) << "case " << i;
+    }
+  }
+};
+
+// Plane 0 and what faces the viewer turn counterclockwise, planes 1 and 2 clockwise. A flipped text
+// shows its back, which is drawn mirrored.
+TEST_F(TurnedText, ReadsFromAboveInPlane0) {
+  transform.SetRotate({-90, 0, 0, 0});
+  text.SetTextPlane(0);
+  ExpectCorners({{{-1, -1}, {1, -1}, {-1, 1}, {-1, 1}, {1, -1}}});
+}
+
+TEST_F(TurnedText, ReadsFromTheFrontInPlane1) {
+  text.SetTextPlane(1);
+  ExpectCorners({{{-1, -1}, {-1, 1}, {1, -1}, {-1, 1}, {1, -1}}});
+}
+
+TEST_F(TurnedText, ReadsFromInsideTheBoxInPlane2) {
+  transform.SetRotate({0, 0, 90, 0});
+  text.SetTextPlane(2);
+  ExpectCorners({{{-1, -1}, {-1, 1}, {1, -1}, {-1, 1}, {1, -1}}});
+}
+
+TEST_F(TurnedText, ReadsFromAnywhereInPlane3) {
+  transform.SetRotate({-35, 20, 110, 0});
+  ExpectCorners({{{-1, -1}, {1, -1}, {-1, 1}, {-1, 1}, {1, -1}}});
+}
+
+TEST_F(TurnedText, FlipsAfterItTurns) {
+  text.SetRotation(90);
+  text.SetFlipX(1);  // half a turn about the text's own x, which now runs up
+  EXPECT_EQ(CornerSeen(), (Corner{-1, -1}));
+}
+
 TEST_F(DrawnText, TakesOtherPlanesForTheViewersOwn) {
   transform.SetRotate({-25, 15, 130, 0});
   const Box viewer = TextBounds();
@@ -314,6 +393,30 @@ TEST_F(DrawnText, TurnsWithItsRoundedDegree) {
   const double thick = up * static_cast<double>(dash.gmfBlackBoxY) * std::sqrt(0.5);
   EXPECT_NEAR(box.Width(), 100.0 * (length + thick), 0.05);
   EXPECT_NEAR(box.Height(), 50.0 * (length + thick), 0.05);
+}
+
+TEST_F(DrawnText, CountsDegreesRoundedWhereTheyAddUp) {
+  // A hundred whole turns look like none, but 36000 x 0.01745 is 628.2, 0.118 away from them.
+  constexpr double kAngle = 36000 * 0.01745;
+  transform.SetFontAspect(0.5);
+  text.SetRotation(36000);
+  const double across = 0.2 * (std::abs(std::cos(kAngle)) * 0.5 + std::abs(std::sin(kAngle)));
+  EXPECT_NEAR(TextBounds().Width(), 100.0 * across * GlyphWidth(), 0.05);
+  EXPECT_NEAR(across, 0.2 * 0.615, 0.001);
+}
+
+TEST_F(DrawnText, IsAsDeepAsItIsWide) {
+  font.SetFontExtrusion(0.25);
+  gl.RegisterFont("Arial", 0.2, 400, 0, 0, 128);
+  transform.SetFontAspect(0.5);
+  text.SetTextPlane(1);
+  transform.SetRotate({0, 0, 45, 0});
+  const Box box = TextBounds();
+  // Depth and width have the factor 0.5; both reach across, and half of the depth of the view is
+  // one unit of it.
+  const double depth = 0.2 * 0.5 * 0.25 * std::sqrt(0.5);
+  const double width = 0.2 * 0.5 * GlyphWidth() * std::sqrt(0.5);
+  EXPECT_NEAR(box.Width(), 100.0 * (width + depth), 0.1);
 }
 
 TEST_F(DrawnText, GrowsWithEachOfItsSizes) {

@@ -57,7 +57,8 @@ void ExpectGoldenPicture(const Picture& actual, const std::string& name,
   const Picture expected = ReadPng(stored.string());
   const PictureDifference difference = Compare(actual, expected);
   if (difference.sameSize && difference.mean <= limits.mean &&
-      difference.differingShare <= limits.differingShare) {
+      difference.differingShare <= limits.differingShare &&
+      difference.worstTile <= limits.worstTile) {
     return;
   }
   const std::string report =
@@ -66,7 +67,9 @@ void ExpectGoldenPicture(const Picture& actual, const std::string& name,
            ? "mean difference " + std::to_string(difference.mean) + " (limit " +
                  std::to_string(limits.mean) + "), largest " + std::to_string(difference.largest) +
                  ", differing pixels " + std::to_string(difference.differingShare) + " (limit " +
-                 std::to_string(limits.differingShare) + ")"
+                 std::to_string(limits.differingShare) + "), in the worst tile " +
+                 std::to_string(difference.worstTile) + " (limit " +
+                 std::to_string(limits.worstTile) + ")"
            : "the sizes differ");
   LeavePicture(actual, name, report);
   const fs::path sheet = Left("side-by-side", name + ".png");

@@ -15,6 +15,7 @@ namespace orvalix::test {
 struct PictureLimits {
   double mean = 0.5;             ///< of all components, 0 to 255
   double differingShare = 0.02;  ///< pixels that may differ at all, 0 to 1
+  double worstTile = 8.0;        ///< mean of any tile of 32 x 32 pixels: a word shifted has 20
 };
 
 /// Fails the test unless the picture is like tests/golden/NAME.png. Actual, expected and difference

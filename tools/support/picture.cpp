@@ -59,17 +59,50 @@ Picture ReadPng(const std::string& path) {
   return picture;
 }
 
+namespace {
+
+/// Sums up by tile.
+class TileMeans {
+ public:
+  TileMeans(int width, int height)
+      : m_width(static_cast<std::size_t>(width)),
+        m_across((m_width + kTile - 1) / kTile),
+        m_sums(m_across * ((static_cast<std::size_t>(height) + kTile - 1) / kTile)) {}
+
+  void Add(std::size_t pixel, double value) {
+    const std::size_t column = pixel % m_width / kTile;
+    const std::size_t row = pixel / m_width / kTile;
+    m_sums[row * m_across + column] += value;
+  }
+
+  /// The largest mean, as if the tiles at the edges were whole.
+  double Largest() const {
+    return *std::max_element(m_sums.begin(), m_sums.end()) / (kTile * kTile * kComponents);
+  }
+
+ private:
+  static constexpr std::size_t kTile = 32;
+
+  std::size_t m_width;
+  std::size_t m_across;
+  std::vector<double> m_sums;
+};
+
+}  // namespace
+
 PictureDifference Compare(const Picture& a, const Picture& b) {
   PictureDifference difference;
   difference.sameSize = a.width == b.width && a.height == b.height;
   if (!difference.sameSize || a.rgb.empty()) return difference;
   double sum = 0.0;
   std::size_t differing = 0;
+  TileMeans tiles(a.width, a.height);
   for (std::size_t pixel = 0; pixel < a.rgb.size(); pixel += kComponents) {
     int largest = 0;
     for (std::size_t i = pixel; i < pixel + kComponents; ++i) {
       const int off = std::abs(static_cast<int>(a.rgb[i]) - static_cast<int>(b.rgb[i]));
       sum += off;
+      tiles.Add(pixel / kComponents, off);
       largest = std::max(largest, off);
     }
     differing += largest > 0 ? 1 : 0;
@@ -77,6 +110,7 @@ PictureDifference Compare(const Picture& a, const Picture& b) {
   }
   const auto components = static_cast<double>(a.rgb.size());
   difference.mean = sum / components;
+  difference.worstTile = tiles.Largest();
   difference.differingShare = static_cast<double>(differing) * kComponents / components;
   return difference;
 }

@@ -27,6 +27,9 @@ struct PictureDifference {
   int largest = 0;            ///< of any component, 0 to 255
   double mean = 0.0;          ///< of all components
   double differingShare = 0;  ///< pixels that differ at all, 0 to 1
+  /// The largest mean of any tile of 32 x 32 pixels: what is sparse, such as a word or a line, is
+  /// lost in the mean of the whole picture.
+  double worstTile = 0.0;
 };
 
 PictureDifference Compare(const Picture& a, const Picture& b);
