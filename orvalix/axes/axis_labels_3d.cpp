@@ -195,7 +195,9 @@ void CAxisLabels3D::SetEngString(CString const& suffixes) {
                                 [&] { m_engString = suffixes; });
 }
 
-CString CAxisLabels3D::GetEngString() const { return m_engString; }
+CString CAxisLabels3D::GetEngString() const {
+  return orvalix::CopyText(m_engString, ERR3DCLASS_AXISLABELS3D, "GetEngString");
+}
 
 int CAxisLabels3D::GetNumAxisLabelObjs() const { return m_labels.Count(); }
 

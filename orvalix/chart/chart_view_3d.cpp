@@ -139,7 +139,9 @@ void CChartView3D::SetFont(const CString& name, int weight, int italics, int und
   m_fontChanged = true;
 }
 
-CString CChartView3D::GetFontName() const { return m_fontName; }
+CString CChartView3D::GetFontName() const {
+  return orvalix::CopyText(m_fontName, ERR3DCLASS_CHARTVIEW3D, "GetFontName");
+}
 
 int CChartView3D::GetFontWeight() const { return m_fontWeight; }
 

@@ -27,6 +27,11 @@ auto WithAllocationErrors(CErr3DTypes type, CErr3DClass errorClass, const char* 
   }
 }
 
+/// A copy of a text; type 2 when memory runs out.
+inline CString CopyText(CString const& text, CErr3DClass errorClass, const char* place) {
+  return WithAllocationErrors(ERR3D_ARRAY_NEW, errorClass, place, [&] { return text; });
+}
+
 /// Runs `work`, which reads or writes a file: a file exception becomes type 7, running out of
 /// memory type 2.
 template <class Work>

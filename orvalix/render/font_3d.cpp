@@ -190,7 +190,9 @@ int CFont3D::GetNumFontChars() const { return m_numChars; }
 
 int CFont3D::GetListBase() const { return m_listBase; }
 
-CString CFont3D::GetFaceName() const { return m_faceName; }
+CString CFont3D::GetFaceName() const {
+  return orvalix::CopyText(m_faceName, ERR3DCLASS_FONT3D, "GetFaceName");
+}
 
 int CFont3D::GetClassTag() const { return m_classTag; }
 

@@ -83,9 +83,11 @@ void CTextObj3D::SetString(CString const& text) {
                                 [&] { m_string = text; });
 }
 
-CString CTextObj3D::GetString() const { return m_string; }
+CString CTextObj3D::GetString() const {
+  return orvalix::CopyText(m_string, ERR3DCLASS_TEXTOBJ3D, "GetString");
+}
 
-void CTextObj3D::GetString(CString& text) const { text = m_string; }
+void CTextObj3D::GetString(CString& text) const { text = GetString(); }
 
 void CTextObj3D::SetLocation(point3Dtype const& location) { m_location = location; }
 

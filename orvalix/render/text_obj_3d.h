@@ -34,6 +34,7 @@ class ORVALIX_API CTextObj3D {
   /// One byte per character, in Windows Latin-1. Default empty.
   /// @throws CErr3D type 2, class 19, "SetString"
   void SetString(CString const& text);
+  /// @throws CErr3D type 2, class 19, "GetString"
   CString GetString() const;
   void GetString(CString& text) const;
   /// Place in world coordinates, where OutText() draws. Default (0, 0, 0).

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "chart/view_fixture.h"
+#include "orvalix/chart/header_3d.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
 
@@ -69,6 +70,20 @@ TEST(Allocation, FactoriesReportTheirOwnNames) {
   EXPECT_EQ(chart->GetNumChartObjs(), 2);
   EXPECT_EQ(target.view->GetNumCharts(), 2);
   target.view->DrawViewScreen();
+}
+
+TEST(Allocation, TextsAreCopiedOrReported) {
+  const CString text('x', 100);
+  const CString longer('x', 200);
+  ViewOn target(20, 20);
+  target.view->SetFont(text, 400, 128);
+  CHeader3D* header = target.view->GetHeader();
+  header->SetTitle1(text);
+  ExpectEachFailure({{2, 19, "GetString"}}, [&] { header->GetTitle1(); });
+  ExpectEachFailure({{2, 19, "SetString"}}, [&] { header->SetTitle2(text); });
+  ExpectEachFailure({{2, 6, "GetFontName"}}, [&] { target.view->GetFontName(); });
+  ExpectEachFailure({{2, 6, "SetFont"}}, [&] { target.view->SetFont(longer, 400, 128); });
+  EXPECT_STREQ(header->GetTitle1(), text);
 }
 
 TEST(Allocation, ATransformThatCannotBeMadeLosesItsChart) {
