@@ -16,3 +16,4 @@
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
+#include "orvalix/surface/polysurface.h"

@@ -15,6 +15,7 @@ inline constexpr int kChartObjTag = 606;
 inline constexpr int kChartViewTag = 707;
 inline constexpr int kFontTag = 1111;
 inline constexpr int kHeaderTag = 1212;
+inline constexpr int kPolysurfaceTag = 1414;
 inline constexpr int kTextObjTag = 1515;
 inline constexpr int kTransformTag = 1616;
 inline constexpr int kOpenGLTag = 1717;
