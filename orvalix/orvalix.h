@@ -16,4 +16,5 @@
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
+#include "orvalix/series/contour_3d.h"
 #include "orvalix/surface/polysurface.h"

@@ -14,6 +14,7 @@ class CChartObj3D;
 class CChartView3D;
 class CHeader3D;
 class COpenGL;
+class CPolysurface;
 class CTextObj3D;
 class CTransform3D;
 
@@ -101,6 +102,9 @@ class ORVALIX_API CChart3D {
   /// A transform for `count` points, rounded with RoundAxis().
   /// @throws CErr3D as NewTransform()
   CTransform3D* AutoTransform3D(const point3Dtype* points, int count, int toMinorStep);
+  /// AutoTransform3D() for the points of a mesh; null has none.
+  /// @throws CErr3D as NewTransform()
+  CTransform3D* AutoTransformPolysurface(const CPolysurface* surface, int toMinorStep);
   /// A transform for a 2.5D series; see MinMaxValues25D().
   /// @throws CErr3D as NewTransform()
   CTransform3D* AutoTransform25D(const double* x, const double* y, int count, double depth,

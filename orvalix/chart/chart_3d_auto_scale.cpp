@@ -10,6 +10,7 @@
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/transform_3d.h"
+#include "orvalix/surface/polysurface.h"
 
 using orvalix::Range;
 
@@ -75,6 +76,12 @@ CTransform3D* CChart3D::AutoTransform3D(const point3Dtype* points, int count, in
     max.*coordinate = range.max;
   }
   return NewTransform(min, max);
+}
+
+CTransform3D* CChart3D::AutoTransformPolysurface(const CPolysurface* surface, int toMinorStep) {
+  const bool any = surface != nullptr;
+  return AutoTransform3D(any ? surface->GetPSPoints() : nullptr,
+                         any ? surface->GetPSNumPoints() : 0, toMinorStep);
 }
 
 void CChart3D::MinMaxValues25D(const double* x, const double* y, int count, double depth,

@@ -238,7 +238,8 @@ class ORVALIX_API COpenGL {
   /// One line in the line colour, style and width.
   void LineAbs3D(point3Dtype const& a, point3Dtype const& b);
   /// A polyline in the line colour, style and width. Nothing else may be drawn between start and
-  /// end. A start ends a line that is still open; without one, the other two do nothing.
+  /// end; SetFillStyle3D() gives the lines to all later points its fill colour. A start ends a line
+  /// that is still open; without one, the other two do nothing.
   void StartLineAbs3D(point3Dtype const& point);
   void AppendLineAbs3D(point3Dtype const& point);
   void EndLineAbs3D(point3Dtype const& point);

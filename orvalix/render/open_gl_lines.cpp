@@ -45,6 +45,7 @@ void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {
 void COpenGL::StartLineAbs3D(point3Dtype const& point) {
   if (m_lineIsOpen) FinishLine();
   BeginLine();
+  glShadeModel(GL_FLAT);  // each line has the colour of its end
   glBegin(GL_LINE_STRIP);
   m_lineIsOpen = true;
   SendLinePoint(point);
@@ -62,6 +63,7 @@ void COpenGL::EndLineAbs3D(point3Dtype const& point) {
 
 void COpenGL::FinishLine() {
   glEnd();
+  glShadeModel(GL_SMOOTH);
   m_lineIsOpen = false;
   EndLine();
 }

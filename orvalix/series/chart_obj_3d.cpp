@@ -1,5 +1,7 @@
 #include "orvalix/series/chart_obj_3d.h"
 
+#include <algorithm>
+
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/instance_count_internal.h"
@@ -103,12 +105,85 @@ void CChartObj3D::DrawChartObj() {
 
 void CChartObj3D::DrawChartType() {
   switch (m_chartType) {
+    case kRibbonChart25D:
+      DrawRibbonChart25D();
+      break;
     case kBarChart25D:
       DrawBarChart25D();
+      break;
+    case kBarChart3D:
+      DrawBarChart3D();
+      break;
+    case kAreaFillChart25D:
+      DrawAreaFillChart25D();
+      break;
+    case kAreaRangeChart25D:
+      DrawAreaRangeChart25D();
+      break;
+    case kLineChart25D:
+      DrawLineChart25D();
+      break;
+    case kScatterChart3D:
+      DrawScatterChart3D();
+      break;
+    case kLineChart3D:
+      DrawLineChart3D();
+      break;
+    case kProjectionLineChart3D:
+      DrawProjectionLineChart3D();
+      break;
+    case kGroupBarChart25D:
+      DrawGroupBarChart25D();
+      break;
+    case kGroupRibbonChart25D:
+      DrawGroupRibbonChart25D();
+      break;
+    case kGroupAreaFillChart25D:
+      DrawGroupAreaFillChart25D();
+      break;
+    case kOHLCChart25D:
+      DrawOHLCChart25D();
+      break;
+    case kPlaneChart3D:
+      DrawPlaneChart3D();
+      break;
+    case kScatterText3D:
+      DrawScatterText3D();
+      break;
+    case kBoxAndWhiskerChart25D:
+      DrawBoxAndWhiskerChart25D();
+      break;
+    case kFloatingBarChart25D:
+      DrawFloatingBarChart25D();
+      break;
+    case kPlaneChart25D:
+      DrawPlaneChart25D();
+      break;
+    case kPolysurfaceChart2D:
+      DrawPolysurfaceChart2D();
+      break;
+    case kPolysurfaceChart3D:
+      DrawPolysurfaceChart3D();
+      break;
+    case kContourPolysurface3D:
+      DrawContourPolysurface3D();
       break;
     default:
       break;
   }
+}
+
+std::size_t CChartObj3D::PointsIn(std::initializer_list<std::size_t> sizes) const {
+  return std::min(std::min(sizes), static_cast<std::size_t>(std::max(m_numDataPnts, 0)));
+}
+
+const RGBDType& CChartObj3D::SegmentFill(std::size_t i) const {
+  const bool hasOwnColor = m_segmentColorMode != 0 && i < m_segmentColors.size();
+  return hasOwnColor ? m_segmentColors[i] : m_fillColor;
+}
+
+point3Dtype CChartObj3D::Place25D(double ind, double depth, double value) const {
+  return m_indAxis == 1 ? point3Dtype{depth, ind, value, 0.0} : point3Dtype{ind, depth, value, 0.0};
 }
 
 double CChartObj3D::calcbgoffset(double width, int justify) const {

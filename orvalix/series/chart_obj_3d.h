@@ -5,10 +5,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
+#include "orvalix/surface/polysurface.h"
 
 class COpenGL;
 class CTransform3D;
@@ -29,10 +33,40 @@ class CTransform3D;
 /// copies its arrays.
 class ORVALIX_API CChartObj3D {
  public:
-  /// Chart type numbers.
+  /// Chart type numbers. Each type is set up by the routine of its name.
   enum ChartTypes {
-    kNoChart = 0,     ///< draws nothing, as does every number without a type
-    kBarChart25D = 2  ///< set up by BarChart25D()
+    kNoChart = 0,  ///< draws nothing, as does every number without a type
+    kRibbonChart25D = 1,
+    kBarChart25D = 2,
+    kBarChart3D = 3,
+    kAreaFillChart25D = 4,
+    kAreaRangeChart25D = 5,
+    kLineChart25D = 6,
+    kScatterChart3D = 7,
+    kLineChart3D = 8,
+    kProjectionLineChart3D = 9,
+    kGroupBarChart25D = 10,
+    kGroupRibbonChart25D = 11,
+    kGroupAreaFillChart25D = 12,
+    kOHLCChart25D = 13,
+    kPlaneChart3D = 14,
+    kScatterText3D = 15,
+    kBoxAndWhiskerChart25D = 16,
+    kFloatingBarChart25D = 17,
+    kPlaneChart25D = 18,
+    kPolysurfaceChart2D = 50,
+    kPolysurfaceChart3D = 51,
+    kContourPolysurface3D = 52
+  };
+
+  /// Symbols of scatter charts; other numbers draw no symbol.
+  enum Symbols {
+    kCube = 10,
+    kPlus = 11,
+    kDiamond = 12,
+    kPyramid = 13,
+    kHourglass = 14,
+    kArrow = 15
   };
 
   /// Defaults only; bound to nothing and not drawn.
@@ -50,22 +84,184 @@ class ORVALIX_API CChartObj3D {
   /// colouring by value are off.
   void DrawChartObj();
 
-  /// @name Set-up
+  /// @name Set-up of two-and-a-half-dimensional types
+  /// Common to all:
+  /// - `ind` and `dep` are n independent and dependent values, `group` holds numGroups rows of n
+  ///   values, row after row. Arrays are copied; null leaves what was there.
+  /// - `constant` is the place of the series along the depth axis, `constWidth` its depth there,
+  ///   `indWidth` the width of a bar along the independent axis, in world coordinates. Bars,
+  ///   floating bars and the offsets of the justifications take the widths in working units as
+  ///   they are, which on a linear axis is the same.
+  /// - `indJustify` and `constJustify` say where a bar or series stands relative to its value: 0
+  ///   starts there, 1 is centred, 2 ends there, anything else as 0.
+  /// - `indAxis` 0: the independent values run along x; 1: along y.
+  ///
+  /// Drawing needs all arrays of the type, and draws as many points as the shortest one holds.
+  /// @throws CErr3D type 2, class 5, of the storage that could not be allocated
   /// @{
 
+  /// A strip between neighbouring points, as deep as the series: n - 1 pieces. Piece i has the
+  /// segment colour i; colour 0 is not used.
+  /// Kept: the far edge goes through the transform twice, which matters on a logarithmic depth
+  /// axis. Along y the strip is lit from below.
+  void RibbonChart25D(const double* ind, const double* dep, double constant, int n,
+                      double constWidth, RGBDType const& fill, RGBDType const& outline,
+                      int constJustify, int indAxis);
   /// A bar per point, standing on the base value.
-  /// @param ind, dep n independent and dependent values; copied. Null leaves what was there.
-  /// @param base value from which bars rise
-  /// @param constant place of the series along the depth axis
-  /// @param indWidth, constWidth width of a bar along the independent axis and its depth, in
-  ///   working units
-  /// @param indJustify, constJustify where a bar stands relative to its value: 0 starts there, 1
-  ///   is centred, 2 ends there
-  /// @param indAxis 0: the independent values run along x; 1: along y
-  /// @throws CErr3D type 2, class 5, of the storage that could not be allocated
+  /// @param base value from which bars rise. It comes before `constant` here and after it in
+  ///   GroupBarChart25D().
   void BarChart25D(const double* ind, const double* dep, double base, double constant, int n,
                    double indWidth, double constWidth, RGBDType const& fill,
                    RGBDType const& outline, int indJustify, int constJustify, int indAxis);
+  /// Solids between the values and the base value. Where the values cross the base value the
+  /// outline gets a point of its own.
+  /// Kept: along y the solids are lit from inside.
+  void AreaFillChart25D(const double* ind, const double* dep, double base, double constant, int n,
+                        double constWidth, RGBDType const& fill, RGBDType const& outline,
+                        int constJustify, int indAxis);
+  /// Solids between the values of `dep` and those of `dep2`, whichever are higher: closed, lit from
+  /// outside, and divided where the two rows cross. Piece i has the segment colour i.
+  void AreaRangeChart25D(const double* ind, const double* dep, const double* dep2, double constant,
+                         int n, double constWidth, RGBDType const& fill, RGBDType const& outline,
+                         int constJustify, int indAxis);
+  /// A line through the points. The line from point i - 1 to point i has the segment colour i, the
+  /// last one that of the line before.
+  /// @param lineStyle see COpenGL::SetLineStyle()
+  /// @param lineWidth pixels; the fraction is cut off
+  void LineChart25D(const double* ind, const double* dep, double constant, int n, int lineStyle,
+                    double lineWidth, RGBDType const& color, int indAxis);
+  /// Bars of several groups at each point, in the colours of the groups.
+  /// @param base value on which the bars of group type 0 stand
+  /// @param groupType 0: side by side, each group taking its share of the width; they stand on
+  ///   the base value, as high as the value is large. 1: stacked from 0; a negative value hangs
+  ///   from the sum before it. Others draw nothing.
+  /// @param colors numGroups colours, copied
+  void GroupBarChart25D(const double* ind, const double* group, double constant, double base, int n,
+                        int numGroups, int groupType, double indWidth, double constWidth,
+                        const RGBDType* colors, RGBDType const& outline, int indJustify,
+                        int constJustify, int indAxis);
+  /// Ribbons at the running sums of the groups, in the colours of the groups.
+  /// @param colors numGroups colours, copied
+  void GroupRibbonChart25D(const double* ind, const double* group, double constant, int n,
+                           int numGroups, double constWidth, const RGBDType* colors,
+                           RGBDType const& outline, int constJustify, int indAxis);
+  /// Layers of solids, stacked from 0, in the colours of the groups: closed, lit from outside, and
+  /// divided where the values of a group change their sign.
+  /// @param colors numGroups colours, copied
+  void GroupAreaFillChart25D(const double* ind, const double* group, double constant, int n,
+                             int numGroups, double constWidth, const RGBDType* colors,
+                             RGBDType const& outline, int constJustify, int indAxis);
+  /// Open, high, low and close of a market, each a row of `group`: a line from high to low, small
+  /// planes at both ends, symbols at open and close. A symbol number without a symbol (0) makes
+  /// the tics that traders know, from the line towards smaller (open) and larger (close)
+  /// independent values.
+  /// @param symbol, symbol2 at open and at close, see Symbols
+  /// @param size of symbols; planes and tics take a tenth of it as their share of the scale range
+  /// @param lineWidth of lines and tics, pixels
+  /// @param colors of open, high, low, close and the line: five colours, copied
+  /// @param outline colour of symbols and planes
+  /// @param constJustify, depJustify only stored
+  /// @param flags five flags, nonzero draws: open, high, low, close, line. Null: all.
+  void OHLCChart25D(const double* ind, const double* group, double constant, int n, int symbol,
+                    int symbol2, double size, int lineWidth, const RGBDType* colors,
+                    RGBDType const& outline, int constJustify, int depJustify, int indAxis,
+                    const int* flags);
+  /// Distributions: `group` has six rows, lower whisker end, lower box edge, dividing value, upper
+  /// box edge, upper whisker end and value of the symbol. The parts are centred on their values.
+  /// @param indWidth, constWidth of boxes and whisker ends, as those of bars and planes
+  /// @param symbol, size of the symbol, see Symbols
+  /// @param lineWidth of the whisker, pixels
+  /// @param colors of lower end, lower box, upper box, upper end, whisker line and symbol: six
+  ///   colours, copied
+  /// @param constJustify, depJustify only stored
+  /// @param symbolFlag nonzero draws symbols
+  void BoxAndWhiskerChart25D(const double* ind, const double* group, double constant, int n,
+                             double indWidth, double constWidth, int symbol, double size,
+                             int lineWidth, const RGBDType* colors, RGBDType const& outline,
+                             int constJustify, int depJustify, int indAxis, int symbolFlag);
+  /// Bars that hang from their values: bar i reaches from dep - height up to dep.
+  /// @param heights n heights, copied
+  void FloatingBarChart25D(const double* ind, const double* dep, const double* heights,
+                           double constant, int n, double indWidth, double constWidth,
+                           RGBDType const& fill, RGBDType const& outline, int indJustify,
+                           int constJustify, int indAxis);
+  /// A slab per point that lies on its value, as thick as SetPlaneThickness() says.
+  /// Kept: its widths go through the transform as if they were values.
+  void PlaneChart25D(const double* ind, const double* dep, double constant, int n, double indWidth,
+                     double constWidth, RGBDType const& fill, RGBDType const& outline,
+                     int indJustify, int constJustify, int indAxis);
+  /// @}
+
+  /// @name Set-up of three-dimensional types
+  /// Common to all: `points` are n points in world coordinates; they are copied, and null leaves
+  /// the series without points. Planes are named by their codes, see planes.h.
+  /// @throws CErr3D type 2, class 5, of the storage that could not be allocated
+  /// @{
+
+  /// A bar per point, from its height up or down to the point. The bar stands with its corner on
+  /// the point. Segment colours are those of the points.
+  /// @param heights n values from which the bars reach to their points; copied. Null leaves what
+  ///   was there; without any, bars start at 0.
+  /// @param indWidth, constWidth extents along x and y; kept: they go through the transform as if
+  ///   they were values
+  void BarChart3D(const point3Dtype* points, const double* heights, int n, double indWidth,
+                  double constWidth, RGBDType const& fill, RGBDType const& outline);
+  /// A symbol per point, and a line from the point straight to a plane. Segment colours are those
+  /// of the points.
+  /// @param size edge of a symbol, in tenths of the normalised units of which the view has two
+  /// @param symbol see Symbols
+  /// @param plane code of the plane to which the lines lead; below 0 and above 5 there are none
+  /// @param constant where the plane stands: z of planes 0 and 3, y of 1 and 4, x of 2 and 5
+  void ScatterChart3D(const point3Dtype* points, double size, int n, int symbol,
+                      RGBDType const& fill, RGBDType const& outline, int plane, double constant);
+  /// A line through the points. The line from point i - 1 to point i has the segment colour i, the
+  /// last one that of the line before.
+  void LineChart3D(const point3Dtype* points, int n, int lineStyle, int lineWidth,
+                   RGBDType const& color);
+  /// A line through the points as they lie on a plane: the coordinate across the plane is replaced
+  /// by its place.
+  /// @param unused has no effect
+  /// @param plane code of the plane; the points stay where they are for other numbers
+  /// @param constant where the plane stands: z of planes 0 and 3, y of 1 and 4, x of 2 and 5
+  void ProjectionLineChart3D(const point3Dtype* points, double unused, int n, int lineStyle,
+                             int lineWidth, RGBDType const& color, int plane, double constant);
+  /// A slab per point that lies on it with its corner, as thick as SetPlaneThickness() says.
+  /// @param indWidth, constWidth extents along x and y; kept: they go through the transform as if
+  ///   they were values
+  void PlaneChart3D(const point3Dtype* points, int n, double indWidth, double constWidth,
+                    RGBDType const& fill, RGBDType const& outline);
+  /// A text per point, centred on it, and a line from the point straight to a plane, in the current
+  /// font of the context.
+  /// @param texts n texts, copied
+  /// @param size of the characters, as CTextObj3D::SetCharSize()
+  /// @param textPlane see SetTextPlane()
+  /// @param plane, constant as of ScatterChart3D()
+  void ScatterText3D(const point3Dtype* points, const CString* texts, int n, double size,
+                     int textPlane, RGBDType const& fill, int plane, double constant);
+  /// A surface laid flat on a plane: its polygons, or with the wire frame flag of the mesh their
+  /// edges, with one coordinate replaced by the place of the plane. Faces are black unless they
+  /// are coloured by value (SetColorMode() 2).
+  /// @param surface copied; null leaves what was there
+  /// @param constant the coordinate that all points get
+  /// @param plane 0: z is replaced; 1: y; 2: x; others change nothing
+  /// @throws CErr3D also type 10, class 5, "InitPolysurfaceStorage" for what never was an open mesh
+  void PolysurfaceChart2D(const CPolysurface* surface, double constant, int plane);
+  /// A surface: its polygons in their first colour, with edges in their second one, or with the
+  /// wire frame flag of the mesh the edges alone.
+  /// @param surface copied; null leaves what was there
+  /// @throws CErr3D also type 10, class 5, "InitPolysurfaceStorage" for what never was an open mesh
+  void PolysurfaceChart3D(const CPolysurface* surface);
+  /// The lines along which a surface has given heights, all laid on a horizontal plane.
+  /// @param surface copied; null leaves what was there. Lines follow the mesh through the
+  ///   neighbours of its polygons; without them they are drawn piece by piece.
+  /// @param values numContours heights, copied
+  /// @param colors numContours + 1 colours, copied; line k has colour k
+  /// @param constant height of the plane on which the lines lie
+  /// @param labelFlag only stored
+  /// @throws CErr3D also type 10, class 5, "InitPolysurfaceStorage" for what never was an open mesh
+  void ContourPolysurface3D(const CPolysurface* surface, const double* values,
+                            const RGBDType* colors, int numContours, double constant,
+                            int labelFlag);
   /// @}
 
   /// @name Storages
@@ -105,6 +301,10 @@ class ORVALIX_API CChartObj3D {
   /// NumContours + 1 colours, in the storage of the segment colours.
   void InitContourColorsStorage(const RGBDType* source);
   void DeleteContourColorsStorage();
+  /// One mesh.
+  /// @throws CErr3D also type 10, class 5, "InitPolysurfaceStorage" for what never was an open mesh
+  void InitPolysurfaceStorage(const CPolysurface* source);
+  void DeletePolysurfaceStorage();
   /// NumDataPnts texts.
   void InitDataStringsStorage(const CString* source);
   void DeleteDataStringsStorage();
@@ -116,6 +316,11 @@ class ORVALIX_API CChartObj3D {
   /// Sets both counts and copies the arrays.
   void SetGroupDataStorage(const double* ind, const double* group, int n, int numGroups,
                            const RGBDType* colors);
+  /// Sets NumContours and copies mesh, values and colours.
+  void SetContourStorage(const CPolysurface* surface, const double* values, const RGBDType* colors,
+                         int numContours);
+  /// InitPolysurfaceStorage().
+  void SetPolysurface(const CPolysurface* surface);
   /// Sets NumDataPnts and copies the points.
   void Set3DPointStorage(const point3Dtype* points, int n);
   /// Sets NumDataPnts and copies points and texts.
@@ -152,6 +357,9 @@ class ORVALIX_API CChartObj3D {
   void SetContourValue(int i, double value);
   RGBDType GetContourColor(int i) const;
   void SetContourColor(int i, RGBDType const& color);
+  /// A point of the mesh.
+  point3Dtype GetPolysurfacePoint(int i) const;
+  void SetPolysurfacePoint(int i, point3Dtype const& point);
   /// @}
 
   /// @name Attributes
@@ -194,7 +402,7 @@ class ORVALIX_API CChartObj3D {
   /// Default 0.
   void SetConstJustify(int value);
   int GetConstJustify() const;
-  /// As SetConstJustify(), along the dependent axis. Default 0.
+  /// As SetConstJustify(), along the dependent axis; only stored. Default 0.
   void SetDepJustify(int value);
   /// Whether contours are to be labelled. Default 0.
   void SetContourLabelFlag(int value);
@@ -263,7 +471,9 @@ class ORVALIX_API CChartObj3D {
   /// @{
 
   /// Writes the series to an open file. Null does nothing. A series of values is saved with the
-  /// points that it has independent and dependent (or group) values for, without either with none.
+  /// points that it has independent and dependent (or group) values for, without either with none;
+  /// a surface with the contours that it has values for. Kept: bar heights of three-dimensional
+  /// bars aren't saved.
   /// @throws CErr3D type 7, class 5, "Save"
   void Save(void* file) const;
   /// Reads a series from an open file; the series counter becomes the stored one. Null does
@@ -283,12 +493,40 @@ class ORVALIX_API CChartObj3D {
   static void RecordArrays(Record& record, Self& self);
   template <class Record, class Self>
   static void RecordScalarArrays(Record& record, Self& self, std::int64_t points);
+  template <class Record, class Self>
+  static void RecordSurface(Record& record, Self& self);
 
   int PointsToSave() const;
   int GroupsToSave() const;
+  int ContoursToSave() const;
   void InitChartObjDefaults();
+  void StoreSeries25D(const double* ind, const double* dep, int n, double constant,
+                      int constJustify, int indAxis);
+  void StorePlace25D(double constant, int constJustify, int indAxis);
+  void StoreWidths(double indWidth, double constWidth);
+  void StoreColors(RGBDType const& fill, RGBDType const& outline);
   void DrawChartType();
+  void DrawRibbonChart25D();
   void DrawBarChart25D();
+  void DrawBarChart3D();
+  void DrawAreaFillChart25D();
+  void DrawAreaRangeChart25D();
+  void DrawLineChart25D();
+  void DrawScatterChart3D();
+  void DrawLineChart3D();
+  void DrawProjectionLineChart3D();
+  void DrawGroupBarChart25D();
+  void DrawGroupRibbonChart25D();
+  void DrawGroupAreaFillChart25D();
+  void DrawOHLCChart25D();
+  void DrawPlaneChart3D();
+  void DrawScatterText3D();
+  void DrawBoxAndWhiskerChart25D();
+  void DrawFloatingBarChart25D();
+  void DrawPlaneChart25D();
+  void DrawPolysurfaceChart2D();
+  void DrawPolysurfaceChart3D();
+  void DrawContourPolysurface3D();
   /// What to add to the start of something so wide: 0 for justification 0, minus half of the width
   /// for 1, minus the width for 2.
   double calcbgoffset(double width, int justify) const;
@@ -298,6 +536,73 @@ class ORVALIX_API CChartObj3D {
   /// Makes the colour of segment i the fill colour when segments have colours of their own.
   void CheckSetSegmentColor(int i);
   bool FindGroupData(int group, int point, std::size_t& index) const;
+
+  /// Extents of a bar along x and y, working units.
+  struct Footprint {
+    double dx;
+    double dy;
+  };
+  /// An end of a piece of an area, world coordinates.
+  struct AreaEnd {
+    double ind;
+    double bottom;
+    double top;
+  };
+
+  /// Points of which all storages of those sizes hold something.
+  std::size_t PointsIn(std::initializer_list<std::size_t> sizes) const;
+  /// The colour of segment i, or that of the series.
+  const RGBDType& SegmentFill(std::size_t i) const;
+  /// A point of the series: the independent axis decides which is x and which y.
+  point3Dtype Place25D(double ind, double depth, double value) const;
+  /// Kept: the widths as they are, as if they were working units.
+  Footprint StoredFootprint() const;
+  /// The prism of a bar at an independent value, moved by the justifications.
+  void DrawPrismAt(double ind, double z, const Footprint& footprint, double dz,
+                   RGBDType const& fill);
+  /// World units left free along a linear independent axis.
+  double AreaGap() const;
+  /// Corners in the order a near, a far, b far, b near: lit from outside when this turns as it does
+  /// with a before b along x.
+  void DrawAreaSolid(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill);
+  /// A piece of a layer, divided where bottom and top cross.
+  void DrawLayer(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill);
+  /// A piece between ends that don't cross, lit from outside.
+  void DrawUpright(AreaEnd a, AreaEnd b, RGBDType const& fill);
+  /// A line through `count` points in the style of the series.
+  /// @param pointAt the i-th point in world coordinates
+  template <class PointAt>
+  void DrawLineThrough(std::size_t count, PointAt pointAt);
+
+  /// Complete rows in the group data.
+  std::size_t GroupsHeld() const;
+  /// Row `group` of those that are held.
+  std::span<const double> GroupRow(std::size_t group) const;
+  /// The colour of a group, or that of the series.
+  const RGBDType& GroupFill(std::size_t group) const;
+  void DrawGroupBar(double ind, double width, double z, double dz, std::size_t group);
+  /// A series on the same context and transform that looks like this one.
+  CChartObj3D MakePart() const;
+  /// Makes `part` symbols at the values of a row.
+  void SetUpSymbols(CChartObj3D& part, std::size_t row, int symbol, std::size_t count,
+                    const char* place) const;
+  /// A line per point from one row to another, in the line style in force.
+  void DrawUprightLines(std::span<const double> from, std::span<const double> to,
+                        std::size_t count);
+  /// A line per point from the value of a row along the independent axis, so long in world units.
+  void DrawTics(std::size_t row, double length, std::size_t count);
+
+  static bool IsSymbol(int symbol);
+  /// The point with the coordinate across plane 0 to 5 replaced; as it is for other numbers.
+  static point3Dtype ProjectOnto(int plane, double place, point3Dtype point);
+  /// The line from a point to the projection plane, under the chart's matrix.
+  void ProjectionLine(point3Dtype const& point, RGBDType const& color);
+  void DrawSymbol(RGBDType const& fill);
+  /// Each polygon of the surface in turn.
+  /// @param drawPolygon gets its vertices (the first one again at their end), their number and its
+  ///   two colours
+  template <class DrawPolygon>
+  void DrawPolygons(DrawPolygon drawPolygon);
 
   COpenGL* m_openGL;          ///< not owned
   CTransform3D* m_transform;  ///< not owned
@@ -339,17 +644,18 @@ class ORVALIX_API CChartObj3D {
   int m_segmentColorMode;     ///< nonzero: each segment has its own colour
   int m_clipping;             ///< nonzero: clipped to the working scale
   int m_outlineMode;          ///< nonzero: polygons have outlines
-  std::array<int, 6> m_comboChartFlags;   ///< parts of composite types
-  int m_enable;                           ///< 0: not drawn
-  std::vector<double> m_indData;          ///< independent values, or contour values
-  std::vector<double> m_depData;          ///< dependent values
-  std::vector<double> m_groupData;        ///< group by group
-  std::vector<double> m_depData2;         ///< second dependent values
-  std::vector<double> m_barHeights;       ///< of floating and 3D bars
-  std::vector<point3Dtype> m_points;      ///< of the 3D types
-  std::vector<RGBDType> m_groupColors;    ///< one per group
-  std::vector<RGBDType> m_segmentColors;  ///< colours of segments, or of contours
-  std::vector<CString> m_strings;         ///< texts at points
-  int m_classTag;                         ///< 606 marks a live object
-  int m_ownerID;                          ///< id of the transform bound last
+  std::array<int, 6> m_comboChartFlags;       ///< parts of composite types
+  int m_enable;                               ///< 0: not drawn
+  std::vector<double> m_indData;              ///< independent values, or contour values
+  std::vector<double> m_depData;              ///< dependent values
+  std::vector<double> m_groupData;            ///< group by group
+  std::vector<double> m_depData2;             ///< second dependent values
+  std::vector<double> m_barHeights;           ///< of floating and 3D bars
+  std::vector<point3Dtype> m_points;          ///< of the 3D types
+  std::vector<RGBDType> m_groupColors;        ///< one per group
+  std::vector<RGBDType> m_segmentColors;      ///< colours of segments, or of contours
+  std::vector<CString> m_strings;             ///< texts at points
+  std::optional<CPolysurface> m_polysurface;  ///< of surfaces and contours
+  int m_classTag;                             ///< 606 marks a live object
+  int m_ownerID;                              ///< id of the transform bound last
 };

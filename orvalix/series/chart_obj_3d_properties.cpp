@@ -112,6 +112,16 @@ void CChartObj3D::SetContourColor(int i, RGBDType const& color) {
   SetElement(m_segmentColors, i, OneMore(m_numContours), color);
 }
 
+point3Dtype CChartObj3D::GetPolysurfacePoint(int i) const {
+  point3Dtype point{};
+  if (m_polysurface.has_value()) m_polysurface->GetOnePolysurfacePoint(i, point);
+  return point;
+}
+
+void CChartObj3D::SetPolysurfacePoint(int i, point3Dtype const& point) {
+  if (m_polysurface.has_value()) m_polysurface->SetOnePolysurfacePoint(i, point);
+}
+
 void CChartObj3D::SetBaseValue(double value) { m_baseValue = value; }
 
 double CChartObj3D::GetBaseValue() const { return m_baseValue; }

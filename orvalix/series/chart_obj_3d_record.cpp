@@ -70,6 +70,10 @@ int CChartObj3D::GroupsToSave() const {
   return std::clamp(m_numGroups, 0, static_cast<int>(std::min(held, std::size_t{INT_MAX})));
 }
 
+int CChartObj3D::ContoursToSave() const {
+  return m_polysurface.has_value() ? CountIn(m_indData, m_numContours) : m_numContours;
+}
+
 template <class Record, class Self>
 void CChartObj3D::RecordFields(Record& record, Self& self) {
   RecordAttributes(record, self);
@@ -101,7 +105,7 @@ void CChartObj3D::RecordAttributes(Record& record, Self& self) {
   RecordAs(record, self.m_segmentColorsCount,
            CountIn(self.m_segmentColors, self.m_segmentColorsCount));
   RecordAs(record, self.m_stringsCount, CountIn(self.m_strings, self.m_stringsCount));
-  RecordAs(record, self.m_polysurfaceFlag, 0);  // there is no surface that could follow
+  RecordAs(record, self.m_polysurfaceFlag, self.m_polysurface.has_value() ? 1 : 0);
   RecordAs(record, self.m_numGroups, self.GroupsToSave());
   record.Field(self.m_lineWidth);
   record.Field(self.m_lineStyle);
@@ -114,7 +118,7 @@ void CChartObj3D::RecordAttributes(Record& record, Self& self) {
   record.Field(self.m_groupType);
   record.Field(self.m_chartType);
   record.Field(self.m_segmentColorMode);
-  record.Field(self.m_numContours);
+  RecordAs(record, self.m_numContours, self.ContoursToSave());
   record.Field(self.m_contourLabelFlag);
   record.Field(self.m_colorMode);
   record.Field(self.m_clipping);
@@ -143,10 +147,7 @@ void CChartObj3D::RecordArrays(Record& record, Self& self) {
                 StoredCount<Record>(self.m_segmentColors, self.m_segmentColorsCount));
     if constexpr (Record::kReading) self.m_segmentColorMode = 1;
   }
-  if constexpr (Record::kReading) {
-    // Surfaces aren't known yet, and what follows one can't be found without reading it.
-    if (self.m_polysurfaceFlag != 0) throw new CFileException(CFileException::genericException);
-  }
+  RecordSurface(record, self);
   RecordArray(record, self.m_strings, StoredCount<Record>(self.m_strings, self.m_stringsCount));
 }
 
@@ -165,6 +166,22 @@ void CChartObj3D::RecordScalarArrays(Record& record, Self& self, std::int64_t po
     RecordArray(record, self.m_barHeights,
                 StoredCount<Record>(self.m_barHeights, self.m_barHeightsCount));
   }
+}
+
+template <class Record, class Self>
+void CChartObj3D::RecordSurface(Record& record, Self& self) {
+  if constexpr (Record::kReading) {
+    if (self.m_polysurfaceFlag == 0) return;
+    self.m_polysurface.emplace();
+  }
+  if (!self.m_polysurface.has_value()) return;
+  record.Child(*self.m_polysurface);
+  const std::int64_t contours = Record::kReading ? self.m_numContours : self.ContoursToSave();
+  if (contours == 0) return;
+  RecordArray(record, self.m_indData, contours);
+  RecordArray(record, self.m_segmentColors, contours + 1);
+  // Kept: the values took the place of a series' points, of which there are none then.
+  if constexpr (Record::kReading) self.m_numDataPnts = 0;
 }
 
 void CChartObj3D::Save(void* file) const {

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <utility>
 
+#include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/series/chart_obj_3d.h"
 
@@ -104,6 +106,21 @@ void CChartObj3D::InitContourColorsStorage(const RGBDType* source) {
 
 void CChartObj3D::DeleteContourColorsStorage() { Free(m_segmentColors); }
 
+void CChartObj3D::InitPolysurfaceStorage(const CPolysurface* source) {
+  constexpr const char* kPlace = "InitPolysurfaceStorage";
+  if (source == nullptr) return;
+  orvalix::RequireTag(source, orvalix::kPolysurfaceTag, ERR3D_PARAMETER, ERR3DCLASS_CHARTOBJ3D,
+                      kPlace);
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, kPlace, [&] {
+    CPolysurface copy;
+    copy.CopyContents(*source);
+    m_polysurface = std::move(copy);
+  });
+  m_polysurfaceFlag = 1;
+}
+
+void CChartObj3D::DeletePolysurfaceStorage() { m_polysurface.reset(); }
+
 void CChartObj3D::InitDataStringsStorage(const CString* source) {
   if (source == nullptr) return;
   Copy(m_strings, source, ToSize(m_numDataPnts), "InitDataStringsStorage");
@@ -131,6 +148,16 @@ void CChartObj3D::SetGroupDataStorage(const double* ind, const double* group, in
   InitIndDataStorage(ind);
   InitGroupDataStorage(group);
 }
+
+void CChartObj3D::SetContourStorage(const CPolysurface* surface, const double* values,
+                                    const RGBDType* colors, int numContours) {
+  m_numContours = numContours;
+  InitPolysurfaceStorage(surface);
+  InitContourValueStorage(values);
+  InitContourColorsStorage(colors);
+}
+
+void CChartObj3D::SetPolysurface(const CPolysurface* surface) { InitPolysurfaceStorage(surface); }
 
 void CChartObj3D::Set3DPointStorage(const point3Dtype* points, int n) {
   m_numDataPnts = n;

@@ -58,12 +58,15 @@ CPolysurface::CPolysurface(const point3Dtype* points, int start, int count) {
 CPolysurface::CPolysurface(const CPolysurface* source) { CopyPolysurface(source); }
 
 CPolysurface::CPolysurface(const CPolysurface& source) {
-  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_POLYSURFACE, "CopyPolysurface", [&] {
-    m_points = source.m_points;
-    m_polygons = source.m_polygons;
-    m_indices = source.m_indices;
-    m_neighbors = source.m_neighbors;
-  });
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_POLYSURFACE, "CopyPolysurface",
+                                [&] { CopyContents(source); });
+}
+
+void CPolysurface::CopyContents(const CPolysurface& source) {
+  m_points = source.m_points;
+  m_polygons = source.m_polygons;
+  m_indices = source.m_indices;
+  m_neighbors = source.m_neighbors;
   m_numPolygons = source.m_numPolygons;
   m_pointsPerPolygon = source.m_pointsPerPolygon;
   m_indexCount = source.m_indexCount;

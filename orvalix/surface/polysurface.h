@@ -245,6 +245,8 @@ class ORVALIX_API CPolysurface {
   int GetClassTag() const;
 
  private:
+  friend class CChartObj3D;  // reports errors of its copy as its own
+
   /// A polygon as it lies in memory and in files.
   struct Polygon {
     RGBDType first;                       ///< colour
@@ -277,6 +279,8 @@ class ORVALIX_API CPolysurface {
   static void RecordGrid(Record& record, Self& self, int& adjacencyFlag);
 
   void SwapContents(CPolysurface& other) noexcept;
+  /// Makes an empty mesh a copy. Lets std::bad_alloc out, with the mesh in parts.
+  void CopyContents(const CPolysurface& source);
   bool IsOpen() const;
   /// Opens the mesh; false, and nothing changed, when there is no memory or a size is negative.
   bool TryOpen(std::int64_t numPoints, std::int64_t maxPolygons, int pointsPerPolygon);

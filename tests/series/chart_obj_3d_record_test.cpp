@@ -335,13 +335,6 @@ TEST(ChartObjRecord, DistrustsCounts) {
   }
 }
 
-TEST(ChartObjRecord, SurfacesCannotBeReadYet) {
-  Bytes record = Saved(SampleBars());
-  PutInteger(record, kPolysurfaceFlag, 1);
-  CChartObj3D loaded;
-  EXPECT_EQ(Catch([&] { LoadFrom(loaded, record); }), (CaughtError{7, 5, "Load"}));
-}
-
 TEST(ChartObjRecord, ReportsFailingFiles) {
   CChartObj3D object = SampleBars();
   object.Save(nullptr);

@@ -1,0 +1,70 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <numeric>
+
+#include "orvalix/foundation/value_types.h"
+#include "orvalix/series/level_crossings_internal.h"
+#include "orvalix/surface/polysurface.h"
+
+namespace orvalix {
+namespace {
+
+/// Crossings per polygon for which there is memory in any case.
+constexpr std::size_t kCrossingsPerPolygon = 4;
+
+}  // namespace
+
+LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const double> levels)
+    : m_lists(levels.size()) {
+  const int polygons = surface.GetPSNumPolygons();
+  const std::size_t most = kCrossingsPerPolygon * static_cast<std::size_t>(polygons);
+  SortLevels(levels);
+  std::array<point3Dtype, 256> vertices;
+  for (int polygon = 0; polygon < polygons; ++polygon) {
+    int count = 0;
+    surface.GPSPolygon(polygon, vertices.data(), count);
+    double lowest = std::numeric_limits<double>::infinity();
+    double highest = -lowest;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+      const double z = vertices[i].z;
+      lowest = z < lowest ? z : lowest;
+      highest = z > highest ? z : highest;
+    }
+    AddPolygon(polygon, lowest, highest);
+    while (m_total > most && m_lists.size() > 1) DropLaterHalf(levels);
+  }
+}
+
+void LevelCrossings::SortLevels(std::span<const double> levels) {
+  m_order.clear();
+  for (std::size_t i = 0; i < m_lists.size(); ++i) {
+    if (!std::isnan(levels[i])) m_order.push_back(i);
+  }
+  std::sort(m_order.begin(), m_order.end(),
+            [&](std::size_t a, std::size_t b) { return levels[a] < levels[b]; });
+  m_sorted.clear();
+  for (const std::size_t i : m_order) m_sorted.push_back(levels[i]);
+  m_hint = 0;
+}
+
+void LevelCrossings::AddPolygon(int polygon, double lowest, double highest) {
+  // Neighbouring polygons lie at about the same height.
+  while (m_hint > 0 && m_sorted[m_hint - 1] >= lowest) --m_hint;
+  while (m_hint < m_sorted.size() && m_sorted[m_hint] < lowest) ++m_hint;
+  for (std::size_t i = m_hint; i < m_sorted.size() && m_sorted[i] <= highest; ++i) {
+    m_lists[m_order[i]].push_back(polygon);
+    ++m_total;
+  }
+}
+
+void LevelCrossings::DropLaterHalf(std::span<const double> levels) {
+  const std::size_t kept = m_lists.size() / 2;
+  for (std::size_t i = kept; i < m_lists.size(); ++i) m_total -= m_lists[i].size();
+  m_lists.resize(kept);
+  SortLevels(levels);
+}
+
+}  // namespace orvalix
