@@ -102,10 +102,9 @@ void CChartObj3D::DrawAreaRangeChart25D() {
 void CChartObj3D::DrawGroupAreaFillChart25D() {
   const std::size_t count = PointsIn({m_indData.size()});
   const std::size_t groups = GroupsHeld();
-  std::vector<double> sums =
-      orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D,
-                                    "DrawGroupAreaFillChart25D",
-                                    [&] { return std::vector<double>(count, 0.0); });
+  std::vector<double> sums = orvalix::WithAllocationErrors(
+      ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawGroupAreaFillChart25D",
+      [&] { return std::vector<double>(count, 0.0); });
   m_openGL->SetLineWidth3D(m_outlineWidth);
   for (std::size_t g = 0; g < groups; ++g) {
     const std::span<const double> row = GroupRow(g);

@@ -10,8 +10,7 @@ void CChartObj3D::DrawBarChart3D() {
     const double height = i < m_barHeights.size() ? m_barHeights[i] : 0.0;
     const double z = m_transform->CVTWS(2, height);
     const point3Dtype point = m_transform->CPTWS(m_points[i]);
-    m_openGL->DrawPrism3D(point.x, point.y, z, dx, dy, point.z - z, SegmentFill(i),
-                          m_outlineColor);
+    m_openGL->DrawPrism3D(point.x, point.y, z, dx, dy, point.z - z, SegmentFill(i), m_outlineColor);
   }
 }
 

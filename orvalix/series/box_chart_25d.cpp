@@ -23,8 +23,7 @@ void CChartObj3D::DrawBoxAndWhiskerChart25D() {
   DrawUprightLines(GroupRow(kUpperEnd), GroupRow(kLowerEnd), count);
 
   std::vector<double> heights =
-      orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D,
-                                    kPlace,
+      orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, kPlace,
                                     [&] { return std::vector<double>(count, 0.0); });
   CChartObj3D part = MakePart();
   const auto drawEnd = [&](std::size_t row, std::size_t color) {

@@ -71,8 +71,8 @@ class ORVALIX_API CContour3D {
   int ReadVertices(int polygon, Vertices& vertices) const;
   static Crossing CheckForPolyContour3D(const Vertices& vertices, int count, double level);
   Crossing CheckPolygon(int polygon, double level) const;
-  /// Makes m_chain the next line that begins at one of `candidates` from `next` on, and moves `next`
-  /// behind it; empty when there is none.
+  /// Makes m_chain the next line that begins at one of `candidates` from `next` on, and moves
+  /// `next` behind it; empty when there is none.
   void GetContourPolyList(double level, const std::vector<int>& candidates, std::size_t& next);
   /// Appends the polygons along a line to m_chain, from one that is in it already.
   /// @param isFirst the line has not been followed in another direction before
@@ -87,10 +87,10 @@ class ORVALIX_API CContour3D {
   const double* m_values = nullptr;         ///< heights, not owned
   const RGBDType* m_colors = nullptr;       ///< one per height, not owned
   int m_numContours = 0;
-  double m_plane = 0.0;   ///< z of all lines
-  int m_labelFlag = 0;    ///< only stored
-  int m_levelsDone = 0;   ///< heights that have been followed
-  long long m_crossings;  ///< polygons in lines
+  double m_plane = 0.0;                  ///< z of all lines
+  int m_labelFlag = 0;                   ///< only stored
+  int m_levelsDone = 0;                  ///< heights that have been followed
+  long long m_crossings;                 ///< polygons in lines
   std::vector<unsigned char> m_visited;  ///< 1 for polygons in a line of this height
   std::vector<int> m_chain;              ///< polygons along the line
 };

@@ -8,8 +8,8 @@
 
 void CChartObj3D::DrawContourPolysurface3D() {
   if (!m_polysurface.has_value()) return;
-  const std::size_t held = std::min(m_indData.size(), static_cast<std::size_t>(
-                                                          std::max(m_numContours, 0)));
+  const std::size_t held =
+      std::min(m_indData.size(), static_cast<std::size_t>(std::max(m_numContours, 0)));
   const std::vector<RGBDType> colors = orvalix::WithAllocationErrors(
       ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawContourPolysurface3D", [&] {
         std::vector<RGBDType> made = m_segmentColors;

@@ -48,39 +48,39 @@ void CChartObj3D::DrawPolygons(DrawPolygon drawPolygon) {
 }
 
 void CChartObj3D::DrawPolysurfaceChart3D() {
-  DrawPolygons([this](Vertices& vertices, int count, RGBDType const& first,
-                      RGBDType const& second) {
-    m_openGL->SetFillStyle3D(first, second, second);
-    m_transform->C3DATWS(vertices.data(), count + 1);
-    if (m_polysurface->GetWireFrame() != 0) {
-      m_openGL->Frame3D(vertices.data(), count + 1);
-    } else {
-      m_openGL->PolyFillAbs3D(vertices.data(), count + 1);
-    }
-  });
+  DrawPolygons(
+      [this](Vertices& vertices, int count, RGBDType const& first, RGBDType const& second) {
+        m_openGL->SetFillStyle3D(first, second, second);
+        m_transform->C3DATWS(vertices.data(), count + 1);
+        if (m_polysurface->GetWireFrame() != 0) {
+          m_openGL->Frame3D(vertices.data(), count + 1);
+        } else {
+          m_openGL->PolyFillAbs3D(vertices.data(), count + 1);
+        }
+      });
 }
 
 void CChartObj3D::DrawPolysurfaceChart2D() {
   constexpr RGBDType kBlack{0.0, 0.0, 0.0, 1.0};
   constexpr int kPlanes = 3;
-  DrawPolygons([this, kBlack](Vertices& vertices, int count, RGBDType const& first,
-                              RGBDType const& second) {
-    const int plane = m_projectionPlane < kPlanes ? m_projectionPlane : -1;
-    for (int i = 0; i <= count; ++i) {
-      point3Dtype& vertex = vertices[static_cast<std::size_t>(i)];
-      vertex = ProjectOnto(plane, m_constValue, vertex);
-    }
-    m_openGL->SetFillStyle3D(kBlack, first, second);
-    m_transform->C3DATWS(vertices.data(), count + 1);
-    if (m_polysurface->GetWireFrame() == 0) {
-      m_openGL->PolyFillAbs3D(vertices.data(), count + 1);
-      return;
-    }
-    // Only what goes round counterclockwise on the screen is drawn as an outline.
-    if (ScreenArea(m_transform->GetGraphTransform(), vertices, count) < 0.0) {
-      std::reverse(vertices.begin(), vertices.begin() + count + 1);
-    }
-    m_openGL->SetLineColor3D(second);
-    m_openGL->PolyAbs3D(vertices.data(), count);
-  });
+  DrawPolygons(
+      [this, kBlack](Vertices& vertices, int count, RGBDType const& first, RGBDType const& second) {
+        const int plane = m_projectionPlane < kPlanes ? m_projectionPlane : -1;
+        for (int i = 0; i <= count; ++i) {
+          point3Dtype& vertex = vertices[static_cast<std::size_t>(i)];
+          vertex = ProjectOnto(plane, m_constValue, vertex);
+        }
+        m_openGL->SetFillStyle3D(kBlack, first, second);
+        m_transform->C3DATWS(vertices.data(), count + 1);
+        if (m_polysurface->GetWireFrame() == 0) {
+          m_openGL->PolyFillAbs3D(vertices.data(), count + 1);
+          return;
+        }
+        // Only what goes round counterclockwise on the screen is drawn as an outline.
+        if (ScreenArea(m_transform->GetGraphTransform(), vertices, count) < 0.0) {
+          std::reverse(vertices.begin(), vertices.begin() + count + 1);
+        }
+        m_openGL->SetLineColor3D(second);
+        m_openGL->PolyAbs3D(vertices.data(), count);
+      });
 }

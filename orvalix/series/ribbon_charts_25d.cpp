@@ -36,10 +36,9 @@ void CChartObj3D::DrawRibbonChart25D() {
 void CChartObj3D::DrawGroupRibbonChart25D() {
   const std::size_t count = PointsIn({m_indData.size()});
   const std::size_t groups = GroupsHeld();
-  std::vector<double> sums =
-      orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D,
-                                    "DrawGroupRibbonChart25D",
-                                    [&] { return std::vector<double>(count, 0.0); });
+  std::vector<double> sums = orvalix::WithAllocationErrors(
+      ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawGroupRibbonChart25D",
+      [&] { return std::vector<double>(count, 0.0); });
   for (std::size_t g = 0; g < groups; ++g) {
     for (std::size_t i = 0; i < count; ++i) sums[i] += GroupRow(g)[i];
     CChartObj3D ribbon = MakePart();

@@ -45,9 +45,8 @@ void CChartObj3D::ProjectionLine(point3Dtype const& point, RGBDType const& color
   // Planes that don't exist have no line: it would begin at the point and end nowhere.
   if (m_projectionPlane >= 0 && m_projectionPlane <= kLastPlane) {
     m_openGL->LoadMatrixTransform(m_transform->GetGraphTransform());
-    m_openGL->LineAbs3D(
-        m_transform->CPTWS(point),
-        m_transform->CPTWS(ProjectOnto(m_projectionPlane, m_constValue, point)));
+    m_openGL->LineAbs3D(m_transform->CPTWS(point),
+                        m_transform->CPTWS(ProjectOnto(m_projectionPlane, m_constValue, point)));
   }
   m_openGL->SetLineStyle3D(0, 1.0, m_fillColor);
 }
@@ -106,9 +105,8 @@ void CChartObj3D::DrawScatterText3D() {
   const std::size_t count = PointsIn({m_points.size(), m_strings.size()});
   for (std::size_t i = 0; i < count; ++i) {
     CTextObj3D text(m_openGL, m_openGL->GetFont(), m_transform, CString());
-    CString string = orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTOBJ3D,
-                                                   "DrawScatterText3D",
-                                                   [&] { return m_strings[i]; });
+    CString string = orvalix::WithAllocationErrors(
+        ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawScatterText3D", [&] { return m_strings[i]; });
     text.SetString(string);
     text.SetLocation(m_points[i]);
     text.SetCharSize(m_relSize);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <ostream>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -12,8 +13,16 @@
 #include "support/golden.h"
 #include "support/view_picture.h"
 
+namespace orvalix {
+
+/// Test names show this instead of the scene's bytes.
+void PrintTo(const Scene& scene, std::ostream* out) { *out << scene.name; }
+
+}  // namespace orvalix
+
 namespace {
 
+using orvalix::CsvGrid;
 using orvalix::CsvTable;
 using orvalix::Scene;
 
@@ -85,6 +94,22 @@ TEST(CsvTable, SaysWhatIsWrongAndWhere) {
   EXPECT_EQ(ErrorOf("a,b\n1,2y\n"), ":2: \"2y\" is no number");
   EXPECT_EQ(ErrorOf("a,c\n1,2\n"), ": no column \"b\"");
   EXPECT_THROW(CsvTable("/no/such/table.csv"), std::runtime_error);
+}
+
+TEST(CsvTable, ReadsTextColumns) {
+  const CsvFile file("name,a\nx y,1\n,2\n");
+  EXPECT_EQ(CsvTable(file.Path()).TextColumn("name"), (std::vector<std::string>{"x y", ""}));
+}
+
+TEST(CsvGrid, ReadsRowsOfEqualLength) {
+  const CsvFile file("# a note\n1,2,3\n4,5,6\n");
+  const CsvGrid grid(file.Path());
+  EXPECT_EQ(grid.rows, 2);
+  EXPECT_EQ(grid.columns, 3);
+  EXPECT_EQ(grid.values, (std::vector<double>{1, 2, 3, 4, 5, 6}));
+  const CsvFile uneven("1,2\n3\n");
+  EXPECT_THROW(CsvGrid{uneven.Path()}, std::runtime_error);
+  EXPECT_THROW(CsvGrid("/no/such/grid.csv"), std::runtime_error);
 }
 
 TEST(GoldenPicture, ComparesByShareAndMean) {

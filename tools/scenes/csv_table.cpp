@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <stdexcept>
 
@@ -29,36 +30,70 @@ double ToNumber(const std::string& cell, const std::string& where) {
   return number;
 }
 
-}  // namespace
+std::string Where(const std::string& path, int line) { return path + ":" + std::to_string(line); }
 
-CsvTable::CsvTable(const std::string& path) : m_path(path) {
+void RequireCells(std::size_t expected, std::size_t found, const std::string& where) {
+  if (found == expected) return;
+  throw std::runtime_error(where + ": expected " + std::to_string(expected) + " values, found " +
+                           std::to_string(found));
+}
+
+/// Calls `use` with the number and the cells of each line that isn't a note.
+void ReadLines(const std::string& path,
+               const std::function<void(int, std::vector<std::string>)>& use) {
   std::ifstream file(path);
   if (!file) throw std::runtime_error("can't open " + path);
   int lineNumber = 0;
   for (std::string line; std::getline(file, line);) {
     ++lineNumber;
     if (line.empty() || line.front() == '#') continue;
-    const std::vector<std::string> cells = Split(line);
-    if (m_names.empty()) {
-      m_names = cells;
-      m_columns.resize(cells.size());
-      continue;
-    }
-    const std::string where = path + ":" + std::to_string(lineNumber);
-    if (cells.size() != m_names.size()) {
-      throw std::runtime_error(where + ": expected " + std::to_string(m_names.size()) +
-                               " values, found " + std::to_string(cells.size()));
-    }
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      m_columns[i].push_back(ToNumber(cells[i], where));
-    }
+    use(lineNumber, Split(line));
   }
 }
 
-const std::vector<double>& CsvTable::Column(const std::string& name) const {
+}  // namespace
+
+CsvTable::CsvTable(const std::string& path) : m_path(path) {
+  ReadLines(path, [this](int line, std::vector<std::string> cells) {
+    if (m_names.empty()) {
+      m_names = std::move(cells);
+      return;
+    }
+    RequireCells(m_names.size(), cells.size(), Where(m_path, line));
+    m_rows.push_back({line, std::move(cells)});
+  });
+}
+
+std::size_t CsvTable::Find(const std::string& name) const {
   const auto at = std::find(m_names.begin(), m_names.end(), name);
   if (at == m_names.end()) throw std::runtime_error(m_path + ": no column \"" + name + "\"");
-  return m_columns[static_cast<std::size_t>(at - m_names.begin())];
+  return static_cast<std::size_t>(at - m_names.begin());
+}
+
+std::vector<double> CsvTable::Column(const std::string& name) const {
+  const std::size_t column = Find(name);
+  std::vector<double> numbers;
+  for (const Row& row : m_rows) {
+    numbers.push_back(ToNumber(row.cells[column], Where(m_path, row.line)));
+  }
+  return numbers;
+}
+
+std::vector<std::string> CsvTable::TextColumn(const std::string& name) const {
+  const std::size_t column = Find(name);
+  std::vector<std::string> texts;
+  for (const Row& row : m_rows) texts.push_back(row.cells[column]);
+  return texts;
+}
+
+CsvGrid::CsvGrid(const std::string& path) {
+  ReadLines(path, [&](int line, const std::vector<std::string>& cells) {
+    const std::string where = Where(path, line);
+    if (rows == 0) columns = static_cast<int>(cells.size());
+    RequireCells(static_cast<std::size_t>(columns), cells.size(), where);
+    for (const std::string& cell : cells) values.push_back(ToNumber(cell, where));
+    ++rows;
+  });
 }
 
 }  // namespace orvalix

@@ -1,5 +1,5 @@
 /// @file
-/// Real data from a file of comma-separated values.
+/// Real data from files of comma-separated values. Lines that begin with # are notes.
 #pragma once
 
 #include <string>
@@ -7,19 +7,38 @@
 
 namespace orvalix {
 
-/// Columns of numbers under the names of the first line. Lines that begin with # are notes.
+/// Columns under the names of the first line.
 class CsvTable {
  public:
   /// @throws std::runtime_error naming the file, and the line, when it can't be read
   explicit CsvTable(const std::string& path);
 
+  /// @throws std::runtime_error when there is no column of that name, or of other than numbers
+  std::vector<double> Column(const std::string& name) const;
   /// @throws std::runtime_error when there is no column of that name
-  const std::vector<double>& Column(const std::string& name) const;
+  std::vector<std::string> TextColumn(const std::string& name) const;
 
  private:
+  struct Row {
+    int line;  ///< in the file, from 1
+    std::vector<std::string> cells;
+  };
+
+  std::size_t Find(const std::string& name) const;
+
   std::string m_path;
   std::vector<std::string> m_names;
-  std::vector<std::vector<double>> m_columns;
+  std::vector<Row> m_rows;
+};
+
+/// Numbers in rows of equal length, without names.
+struct CsvGrid {
+  /// @throws std::runtime_error naming the file, and the line, when it can't be read
+  explicit CsvGrid(const std::string& path);
+
+  int rows = 0;
+  int columns = 0;
+  std::vector<double> values;  ///< row by row
 };
 
 }  // namespace orvalix
