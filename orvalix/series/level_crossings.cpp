@@ -1,11 +1,7 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
-#include <limits>
-#include <numeric>
 
-#include "orvalix/foundation/value_types.h"
 #include "orvalix/series/level_crossings_internal.h"
 #include "orvalix/surface/polysurface.h"
 
@@ -22,17 +18,10 @@ LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const doub
   const int polygons = surface.GetPSNumPolygons();
   const std::size_t most = kCrossingsPerPolygon * static_cast<std::size_t>(polygons);
   SortLevels(levels);
-  std::array<point3Dtype, 256> vertices;
   for (int polygon = 0; polygon < polygons; ++polygon) {
-    int count = 0;
-    surface.GPSPolygon(polygon, vertices.data(), count);
-    double lowest = std::numeric_limits<double>::infinity();
-    double highest = -lowest;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-      const double z = vertices[i].z;
-      lowest = z < lowest ? z : lowest;
-      highest = z > highest ? z : highest;
-    }
+    double lowest = 0.0;
+    double highest = 0.0;
+    if (!surface.GetPSPHeights(polygon, lowest, highest)) continue;
     AddPolygon(polygon, lowest, highest);
     while (m_total > most && m_lists.size() > 1) DropLaterHalf(levels);
   }

@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstddef>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -283,6 +284,26 @@ double CPolysurface::GetPSPMean(int polygon, int axis) const {
     sum += GetCoord3D(vertex, axis);
   }
   return sum / found->count;
+}
+
+bool CPolysurface::GetPSPHeights(int polygon, double& lowest, double& highest) const {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  lowest = kInfinity;
+  highest = -kInfinity;
+  const Polygon* found = FindPolygon(polygon);
+  if (found == nullptr) return false;
+  double low = kInfinity;
+  double high = -kInfinity;
+  const int* index = m_indices.data() + found->firstIndex;
+  for (const int* end = index + found->count; index != end; ++index) {
+    if (!Has(m_points, *index)) return false;
+    const double z = At(m_points, *index).z;
+    low = z < low ? z : low;
+    high = z > high ? z : high;
+  }
+  lowest = low;
+  highest = high;
+  return true;
 }
 
 void CPolysurface::GetAdjacentPolyList(int polygon, int* neighbors) const {

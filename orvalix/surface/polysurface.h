@@ -177,6 +177,11 @@ class ORVALIX_API CPolysurface {
   /// The mean of a coordinate over the vertices of a polygon; 0 when there is none.
   /// @param axis of the coordinate: 0 x, 1 y, 2 z; others give 0
   double GetPSPMean(int polygon, int axis) const;
+  /// Addition: the smallest and the largest height of a polygon's vertices; undefined heights are
+  /// passed over.
+  /// @return false, with infinite ends the wrong way round, when there is no such polygon or when
+  ///   one of its vertices doesn't exist
+  bool GetPSPHeights(int polygon, double& lowest, double& highest) const;
   /// Finds the neighbours of all polygons. Only for a grid of triangles: nothing happens otherwise.
   /// @throws CErr3D type 2, class 18, "CreateRGAdjacentPolygonList"
   void CreateRGAdjacentPolygonList();

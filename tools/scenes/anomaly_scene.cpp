@@ -33,8 +33,7 @@ void BuildAnomalyScene(CChartView3D& view, const std::string& dataFolder) {
   area->SetOutlineMode(0);
   CChartObj3D* ribbon = styled.chart->NewChartObj(styled.transform);
   ribbon->RibbonChart25D(years.data() + kDecade - 1, means.data(), 2.0,
-                       static_cast<int>(means.size()), 0.5, {0.95, 0.72, 0.26, 1.0},
-                         kDark, 1, 0);
+                         static_cast<int>(means.size()), 0.5, {0.95, 0.72, 0.26, 1.0}, kDark, 1, 0);
   ribbon->SetOutlineMode(0);
   styled.chart->NewChartObj(styled.transform)
       ->LineChart25D(years.data(), anomaly.data(), 3.0, count, 0, 2.0, {0.14, 0.34, 0.60, 1.0}, 0);

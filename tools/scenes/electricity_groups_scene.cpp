@@ -10,9 +10,8 @@ namespace orvalix {
 namespace {
 
 constexpr int kGroups = 3;
-constexpr std::array<RGBDType, kGroups> kColors{{{0.34, 0.37, 0.44, 1.0},
-                                                 {0.78, 0.56, 0.14, 1.0},
-                                                 {0.18, 0.54, 0.34, 1.0}}};
+constexpr std::array<RGBDType, kGroups> kColors{
+    {{0.34, 0.37, 0.44, 1.0}, {0.78, 0.56, 0.14, 1.0}, {0.18, 0.54, 0.34, 1.0}}};
 
 StyledChart AddQuarter(CChartView3D& view, const char* title, double x, double y, double most) {
   const Placement placement{.position = {x, y, 0.5, 0.5},

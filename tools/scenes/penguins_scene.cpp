@@ -82,8 +82,8 @@ void AddBoxes(CChartView3D& view, const CsvTable& table) {
   }
   NameAxis(*styled.axes, 0, kDown, names);
   const RGBDType end{0.35, 0.38, 0.45, 1.0};
-  const std::array<RGBDType, 6> colors{end, {0.55, 0.68, 0.84, 1.0}, {0.36, 0.52, 0.74, 1.0},
-                                       end, kDark, {0.90, 0.30, 0.20, 1.0}};
+  const std::array<RGBDType, 6> colors{end,   {0.55, 0.68, 0.84, 1.0}, {0.36, 0.52, 0.74, 1.0}, end,
+                                       kDark, {0.90, 0.30, 0.20, 1.0}};
   CChartObj3D* boxes = styled.chart->NewChartObj(styled.transform);
   boxes->BoxAndWhiskerChart25D(places.data(), rows.data(), 0.5, static_cast<int>(places.size()),
                                0.5, 0.5, CChartObj3D::kDiamond, 0.4, 3, colors.data(), kDark, 1, 0,

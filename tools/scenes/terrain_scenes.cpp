@@ -43,8 +43,7 @@ void BuildTerrainScene(CChartView3D& view, const std::string& dataFolder) {
   CPolysurface terrain = ReadTerrain(dataFolder);
   for (int polygon = 0; polygon < terrain.GetPSNumPolygons(); ++polygon) {
     const double height = terrain.GetPSPMean(polygon, 2);
-    const RGBDType color =
-        RampColor(HeightColors(), (height - kLowest) / (kHighest - kLowest));
+    const RGBDType color = RampColor(HeightColors(), (height - kLowest) / (kHighest - kLowest));
     terrain.SetPolysurfaceColors(polygon, color, color);
   }
   CChartObj3D* surface = styled.chart->NewChartObj(styled.transform);

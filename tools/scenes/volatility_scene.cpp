@@ -30,7 +30,8 @@ void BuildVolatilityScene(CChartView3D& view, const std::string& dataFolder) {
   SetAxisTitles(*styled.axes, "month-day", nullptr, "points");
   constexpr int kWeek = 5;
   std::vector<CString> labels;
-  for (std::size_t i = 0; i < dates.size(); i += kWeek) labels.emplace_back(dates[i].substr(5).c_str());
+  for (std::size_t i = 0; i < dates.size(); i += kWeek)
+    labels.emplace_back(dates[i].substr(5).c_str());
   styled.axes->SetAxisTics(0, 1.0, 1.0, kWeek, 0.02, 0.04, kDown);
   styled.axes->SetAxisLabelsStrings(0, labels.data(), static_cast<int>(labels.size()));
   styled.axes->EnableAxisLabelsStrings(0, 1);

@@ -61,7 +61,8 @@ void BuildWeatherScene(CChartView3D& view, const std::string& dataFolder) {
     bottoms[month] = std::min(bottoms[month], year.lowest[day]);
   }
   std::vector<double> heights(kMonths);
-  for (std::size_t month = 0; month < kMonths; ++month) heights[month] = tops[month] - bottoms[month];
+  for (std::size_t month = 0; month < kMonths; ++month)
+    heights[month] = tops[month] - bottoms[month];
   styled.chart->NewChartObj(styled.transform)
       ->FloatingBarChart25D(middles.data(), tops.data(), heights.data(), 1.0, kMonths, 0.6, 0.4,
                             {0.90, 0.62, 0.22, 1.0}, kDark, 1, 1, 0);
