@@ -26,8 +26,8 @@ int VerticesOf(int type) { return IsOfTriangles(type) ? kTriangleVertices : 4; }
 
 /// Polygons of a grid of that type.
 std::int64_t PolygonsOf(int rows, int columns, int type) {
-  const std::int64_t cells =
-      std::max<std::int64_t>(0, std::int64_t{rows} - 1) * std::max<std::int64_t>(0, columns - 1);
+  const std::int64_t cells = std::max<std::int64_t>(0, std::int64_t{rows} - 1) *
+                             std::max<std::int64_t>(0, std::int64_t{columns} - 1);
   return IsOfTriangles(type) ? 2 * cells : cells;
 }
 
@@ -143,6 +143,7 @@ void CPolysurface::ConvertRG2PS(const point3Dtype* points, int rows, int columns
 void CPolysurface::BuildGrid(int rows, int columns, int type) {
   SetGrid(rows, columns, type);
   ResetPolysurfacePolygons();
+  if (columns < 2) return;  // of which there can be any number of rows
   for (int row = 0; row < rows - 1; ++row) {
     for (int column = 0; column < columns - 1; ++column) {
       const int corner = row * columns + column;
@@ -241,8 +242,8 @@ void CPolysurface::CreateRGAdjacentPolygonList() {
 }
 
 void CPolysurface::FindNeighbors() {
-  const int rows = m_grid.rows - 1;  // of cells
-  const int columns = m_grid.columns - 1;
+  const int rows = std::max(m_grid.rows, 1) - 1;  // of cells; files may hold any number
+  const int columns = std::max(m_grid.columns, 1) - 1;
   const bool isGrid = IsOfTriangles(m_grid.type) && rows > 0 && columns > 0 &&
                       m_numPolygons == PolygonsOf(m_grid.rows, m_grid.columns, m_grid.type);
   if (!isGrid) return;
