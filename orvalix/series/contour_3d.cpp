@@ -20,11 +20,7 @@ constexpr int kHorizontal = 0;
 /// Ends of an edge that differ by no more are at the same height.
 constexpr double kFlat = 1e-20;
 
-constexpr int kNeighbors = 3;
-
-bool LiesBetween(double level, double a, double b) {
-  return (a <= level && level <= b) || (b <= level && level <= a);
-}
+constexpr std::size_t kNeighbors = 3;
 
 }  // namespace
 
@@ -56,23 +52,28 @@ void CContour3D::FollowLevels() {
   constexpr RGBDType kBlack{0.0, 0.0, 0.0, 1.0};
   const auto polygons = static_cast<std::size_t>(m_surface->GetPSNumPolygons());
   const std::span levels(m_values, static_cast<std::size_t>(m_numContours));
-  m_visited.assign(polygons, 0);
+  m_places.assign(polygons, -1);
   m_chain.reserve(polygons);
   for (std::size_t k = 0; k < levels.size();) {
-    const orvalix::LevelCrossings crossings(*m_surface, levels.subspan(k));
-    for (const std::vector<int>& candidates : crossings.Lists()) {
-      const double level = levels[k];
-      for (std::size_t next = 0;;) {
-        GetContourPolyList(level, candidates, next);
-        if (m_chain.empty()) break;
-        PlotContourSegment3D(level, m_colors != nullptr ? m_colors[k] : kBlack);
+    orvalix::LevelCrossings found(*m_surface, levels.subspan(k));
+    for (std::vector<orvalix::LevelCrossing>& crossings : found.Lists()) {
+      int place = 0;
+      for (const auto& crossing : crossings) {
+        m_places[static_cast<std::size_t>(crossing.polygon)] = place++;
       }
-      for (const int polygon : candidates) m_visited[static_cast<std::size_t>(polygon)] = 0;
+      for (std::size_t next = 0;;) {
+        GetContourPolyList(crossings, next);
+        if (m_chain.empty()) break;
+        PlotContourSegment3D(levels[k], m_colors != nullptr ? m_colors[k] : kBlack);
+      }
+      for (const auto& crossing : crossings) {
+        m_places[static_cast<std::size_t>(crossing.polygon)] = -1;
+      }
       ++m_levelsDone;
       ++k;
     }
   }
-  std::vector<unsigned char>().swap(m_visited);
+  std::vector<int>().swap(m_places);
   std::vector<int>().swap(m_chain);
 }
 
@@ -83,68 +84,45 @@ int CContour3D::ReadVertices(int polygon, Vertices& vertices) const {
   return count;
 }
 
-CContour3D::Crossing CContour3D::CheckForPolyContour3D(const Vertices& vertices, int count,
-                                                       double level) {
-  Crossing crossing{.crossed = false, .entry = 0, .exit = 0};
-  for (int edge = 0; edge < count; ++edge) {
-    const auto i = static_cast<std::size_t>(edge);
-    if (!LiesBetween(level, vertices[i].z, vertices[i + 1].z)) continue;
-    if (crossing.crossed) {
-      crossing.exit = edge;
-      return crossing;
-    }
-    crossing = {.crossed = true, .entry = edge, .exit = edge};
-  }
-  return crossing;
-}
-
-CContour3D::Crossing CContour3D::CheckPolygon(int polygon, double level) const {
-  Vertices vertices;
-  const int count = ReadVertices(polygon, vertices);
-  return CheckForPolyContour3D(vertices, count, level);
-}
-
-void CContour3D::GetContourPolyList(double level, const std::vector<int>& candidates,
+void CContour3D::GetContourPolyList(std::vector<orvalix::LevelCrossing>& crossings,
                                     std::size_t& next) {
   m_chain.clear();
-  while (next < candidates.size()) {
-    const int first = candidates[next++];
-    unsigned char& visited = m_visited[static_cast<std::size_t>(first)];
-    if (visited != 0 || !CheckPolygon(first, level).crossed) continue;
-    visited = 1;
-    m_chain.push_back(first);
-    WalkFrom(first, level, true);
-    std::reverse(m_chain.begin(), m_chain.end());
-    WalkFrom(first, level, false);
-    m_crossings += static_cast<long long>(m_chain.size());
-    return;
-  }
+  while (next < crossings.size() && crossings[next].visited) ++next;
+  if (next == crossings.size()) return;
+  crossings[next].visited = true;
+  m_chain.push_back(crossings[next].polygon);
+  WalkFrom(crossings, next, true);
+  std::reverse(m_chain.begin(), m_chain.end());
+  WalkFrom(crossings, next, false);
+  ++next;
+  m_crossings += static_cast<long long>(m_chain.size());
 }
 
-void CContour3D::WalkFrom(int polygon, double level, bool isFirst) {
-  const auto isVisited = [this](int number) {
-    return number >= 0 && m_visited[static_cast<std::size_t>(number)] != 0;
+void CContour3D::WalkFrom(std::vector<orvalix::LevelCrossing>& crossings, std::size_t start,
+                          bool isFirst) {
+  const auto placeOf = [this](int polygon) {
+    const bool known = polygon >= 0 && static_cast<std::size_t>(polygon) < m_places.size();
+    return known ? m_places[static_cast<std::size_t>(polygon)] : -1;
   };
-  const int polygons = m_surface->GetPSNumPolygons();
-  Crossing crossing = CheckPolygon(polygon, level);
-  bool atStart = true;
-  for (;;) {
+  for (std::size_t at = start;;) {
+    const orvalix::LevelCrossing& crossing = crossings[at];
     std::array<int, kNeighbors> neighbors;
-    m_surface->GetAdjacentPolyList(polygon, neighbors.data());
-    const auto across = [&](int edge) {
-      const int found = edge < kNeighbors ? neighbors[static_cast<std::size_t>(edge)] : -1;
-      return found < polygons ? found : -1;
-    };
+    m_surface->GetAdjacentPolyList(crossing.polygon, neighbors.data());
+    const auto across = [&](std::size_t edge) { return edge < kNeighbors ? neighbors[edge] : -1; };
     int neighbor = across(crossing.exit);
-    const bool turnsBack = isVisited(neighbor) || (atStart && isFirst && neighbor < 0);
-    if (turnsBack) neighbor = across(crossing.entry);
-    if (neighbor < 0 || isVisited(neighbor)) return;
-    crossing = CheckPolygon(neighbor, level);
-    if (!crossing.crossed) return;
-    m_visited[static_cast<std::size_t>(neighbor)] = 1;
-    m_chain.push_back(neighbor);
-    polygon = neighbor;
-    atStart = false;
+    int place = placeOf(neighbor);
+    const bool isBorder = neighbor < 0;
+    const bool isBehind = place >= 0 && crossings[static_cast<std::size_t>(place)].visited;
+    if (isBehind || (isBorder && at == start && isFirst)) {
+      neighbor = across(crossing.entry);
+      place = placeOf(neighbor);
+    }
+    if (place < 0) return;  // the border of the mesh, or a polygon that isn't crossed
+    orvalix::LevelCrossing& found = crossings[static_cast<std::size_t>(place)];
+    if (found.visited) return;
+    found.visited = true;
+    m_chain.push_back(found.polygon);
+    at = static_cast<std::size_t>(place);
   }
 }
 
@@ -175,7 +153,7 @@ bool CContour3D::InterpolatePolyContour3D(const Vertices& vertices, int count, d
     const point3Dtype& a = vertices[i];
     const point3Dtype& b = vertices[i + 1];
     // An edge that lies on the height as a whole is no crossing: its neighbours are.
-    if (!LiesBetween(level, a.z, b.z) || std::abs(b.z - a.z) <= kFlat) continue;
+    if (!orvalix::LiesBetween(level, a.z, b.z) || std::abs(b.z - a.z) <= kFlat) continue;
     point3Dtype& found = hasFirst ? to : from;
     found.z = level;
     interpolatepoint3D(a, b, found, kHorizontal);

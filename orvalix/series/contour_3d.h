@@ -12,6 +12,10 @@ class COpenGL;
 class CPolysurface;
 class CTransform3D;
 
+namespace orvalix {
+struct LevelCrossing;
+}
+
 /// Finds and draws the lines along which a surface has given heights, laid flat on a horizontal
 /// plane. An object lives as long as that takes: its constructor does all the work.
 ///
@@ -59,24 +63,15 @@ class ORVALIX_API CContour3D {
   /// The vertices of a polygon, and the first one again.
   using Vertices = std::array<point3Dtype, 256>;
 
-  /// How a height crosses a polygon.
-  struct Crossing {
-    bool crossed;
-    int entry;  ///< number of the first edge that is crossed
-    int exit;   ///< number of the second one
-  };
-
   void FollowLevels();
   /// @return vertices, without the repeated one
   int ReadVertices(int polygon, Vertices& vertices) const;
-  static Crossing CheckForPolyContour3D(const Vertices& vertices, int count, double level);
-  Crossing CheckPolygon(int polygon, double level) const;
-  /// Makes m_chain the next line that begins at one of `candidates` from `next` on, and moves
-  /// `next` behind it; empty when there is none.
-  void GetContourPolyList(double level, const std::vector<int>& candidates, std::size_t& next);
-  /// Appends the polygons along a line to m_chain, from one that is in it already.
+  /// Makes m_chain the next line that begins at one of `crossings` from `next` on, and moves `next`
+  /// behind it; empty when there is none.
+  void GetContourPolyList(std::vector<orvalix::LevelCrossing>& crossings, std::size_t& next);
+  /// Appends the polygons along a line to m_chain, from a crossing that is in it already.
   /// @param isFirst the line has not been followed in another direction before
-  void WalkFrom(int polygon, double level, bool isFirst);
+  void WalkFrom(std::vector<orvalix::LevelCrossing>& crossings, std::size_t start, bool isFirst);
   void PlotContourSegment3D(double level, RGBDType const& color);
   static bool InterpolatePolyContour3D(const Vertices& vertices, int count, double level,
                                        point3Dtype& from, point3Dtype& to);
@@ -87,10 +82,10 @@ class ORVALIX_API CContour3D {
   const double* m_values = nullptr;         ///< heights, not owned
   const RGBDType* m_colors = nullptr;       ///< one per height, not owned
   int m_numContours = 0;
-  double m_plane = 0.0;                  ///< z of all lines
-  int m_labelFlag = 0;                   ///< only stored
-  int m_levelsDone = 0;                  ///< heights that have been followed
-  long long m_crossings;                 ///< polygons in lines
-  std::vector<unsigned char> m_visited;  ///< 1 for polygons in a line of this height
-  std::vector<int> m_chain;              ///< polygons along the line
+  double m_plane = 0.0;       ///< z of all lines
+  int m_labelFlag = 0;        ///< only stored
+  int m_levelsDone = 0;       ///< heights that have been followed
+  long long m_crossings;      ///< polygons in lines
+  std::vector<int> m_places;  ///< of polygons among the crossings of a height, or -1
+  std::vector<int> m_chain;   ///< polygons along the line
 };

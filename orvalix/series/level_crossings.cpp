@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
+#include "orvalix/foundation/value_types.h"
 #include "orvalix/series/level_crossings_internal.h"
 #include "orvalix/surface/polysurface.h"
 
@@ -10,6 +12,25 @@ namespace {
 
 /// Crossings per polygon for which there is memory in any case.
 constexpr std::size_t kCrossingsPerPolygon = 4;
+
+/// The vertices of a polygon, and the first one again.
+using Vertices = std::array<point3Dtype, 256>;
+
+/// Finds the first two edges that the level crosses, ends included.
+/// @return false when it crosses none
+bool CheckForPolyContour3D(const Vertices& vertices, int count, double level,
+                           LevelCrossing& crossing) {
+  bool crossed = false;
+  for (int edge = 0; edge < count; ++edge) {
+    const auto i = static_cast<std::size_t>(edge);
+    if (!LiesBetween(level, vertices[i].z, vertices[i + 1].z)) continue;
+    crossing.exit = static_cast<unsigned char>(edge);
+    if (crossed) return true;
+    crossing.entry = crossing.exit;
+    crossed = true;
+  }
+  return crossed;
+}
 
 }  // namespace
 
@@ -22,7 +43,7 @@ LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const doub
     double lowest = 0.0;
     double highest = 0.0;
     if (!surface.GetPSPHeights(polygon, lowest, highest)) continue;
-    AddPolygon(polygon, lowest, highest);
+    AddPolygon(surface, polygon, lowest, highest);
     while (m_total > most && m_lists.size() > 1) DropLaterHalf(levels);
   }
 }
@@ -39,12 +60,20 @@ void LevelCrossings::SortLevels(std::span<const double> levels) {
   m_hint = 0;
 }
 
-void LevelCrossings::AddPolygon(int polygon, double lowest, double highest) {
+void LevelCrossings::AddPolygon(const CPolysurface& surface, int polygon, double lowest,
+                                double highest) {
   // Neighbouring polygons lie at about the same height.
   while (m_hint > 0 && m_sorted[m_hint - 1] >= lowest) --m_hint;
   while (m_hint < m_sorted.size() && m_sorted[m_hint] < lowest) ++m_hint;
+  if (m_hint == m_sorted.size() || m_sorted[m_hint] > highest) return;
+  Vertices vertices;
+  int count = 0;
+  surface.GPSPolygon(polygon, vertices.data(), count);
+  vertices[static_cast<std::size_t>(count)] = vertices[0];
   for (std::size_t i = m_hint; i < m_sorted.size() && m_sorted[i] <= highest; ++i) {
-    m_lists[m_order[i]].push_back(polygon);
+    LevelCrossing crossing{.polygon = polygon, .entry = 0, .exit = 0, .visited = false};
+    if (!CheckForPolyContour3D(vertices, count, m_sorted[i], crossing)) continue;
+    m_lists[m_order[i]].push_back(crossing);
     ++m_total;
   }
 }

@@ -9,8 +9,15 @@ class CPolysurface;
 
 namespace orvalix {
 
-/// For each of several heights the polygons that it may cross, in ascending order: those whose
-/// vertices lie on both sides of it, or on it.
+/// A polygon that a height crosses.
+struct LevelCrossing {
+  int polygon;
+  unsigned char entry;  ///< number of the first edge that is crossed: from vertex k to k + 1
+  unsigned char exit;   ///< number of the second one
+  bool visited;         ///< for whoever follows the line
+};
+
+/// For each of several heights the polygons that it crosses, in ascending order.
 ///
 /// Looking through the mesh once for each height costs more than following the lines. What one pass
 /// finds takes memory, though; where there are so many crossings that they need much more than the
@@ -21,18 +28,23 @@ class LevelCrossings {
   LevelCrossings(const CPolysurface& surface, std::span<const double> levels);
 
   /// Polygons crossed by each height, for as many of the first heights as there are lists.
-  const std::vector<std::vector<int>>& Lists() const { return m_lists; }
+  std::vector<std::vector<LevelCrossing>>& Lists() { return m_lists; }
 
  private:
   void SortLevels(std::span<const double> levels);
-  void AddPolygon(int polygon, double lowest, double highest);
+  void AddPolygon(const CPolysurface& surface, int polygon, double lowest, double highest);
   void DropLaterHalf(std::span<const double> levels);
 
-  std::vector<double> m_sorted;           ///< heights, ascending
-  std::vector<std::size_t> m_order;       ///< index in m_lists of each of m_sorted
-  std::vector<std::vector<int>> m_lists;  ///< polygons by height
-  std::size_t m_hint = 0;                 ///< where the last polygon was found in m_sorted
-  std::size_t m_total = 0;                ///< elements of all lists
+  std::vector<double> m_sorted;                     ///< heights, ascending
+  std::vector<std::size_t> m_order;                 ///< index in m_lists of each of m_sorted
+  std::vector<std::vector<LevelCrossing>> m_lists;  ///< by height
+  std::size_t m_hint = 0;                           ///< where the last polygon was found
+  std::size_t m_total = 0;                          ///< elements of all lists
 };
+
+/// True when the level lies between the two heights, or is one of them.
+inline bool LiesBetween(double level, double a, double b) {
+  return (a <= level && level <= b) || (b <= level && level <= a);
+}
 
 }  // namespace orvalix
