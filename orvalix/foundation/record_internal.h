@@ -115,6 +115,8 @@ class RecordReader {
   /// A number of elements that follow, each of at least that many bytes. A file that has no end to
   /// tell isn't trusted with more than ten thousand.
   void Count(int& count, std::size_t leastBytesPerElement);
+  /// True when a field was missing: nothing more is read.
+  bool HasEnded() const { return m_ended; }
   /// The record of an owned object.
   template <class T>
   void Child(T& object) {

@@ -50,15 +50,21 @@ double CChartObj3D::AreaGap() const {
   return m_transform->GetAxisScaleMode(m_indAxis) == 0 ? GetSmallGap() : 0.0;
 }
 
+CChartObj3D::AreaEnd CChartObj3D::ToWorking(const AreaEnd& end) const {
+  return {m_transform->CVTWS(m_indAxis == 1 ? 1 : 0, end.ind), m_transform->CVTWS(2, end.bottom),
+          m_transform->CVTWS(2, end.top)};
+}
+
 void CChartObj3D::DrawAreaSolid(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill) {
-  const double near = m_constValue + calcbgoffset(m_constWidth, m_constJustify);
-  const double far = near + m_constWidth;
-  std::array<point3Dtype, 8> corners{
+  const int depthAxis = m_indAxis == 1 ? 0 : 1;
+  const double place = m_constValue + calcbgoffset(m_constWidth, m_constJustify);
+  const double near = m_transform->CVTWS(depthAxis, place);
+  const double far = m_transform->CVTWS(depthAxis, place + m_constWidth);
+  const std::array<point3Dtype, 8> corners{
       Place25D(a.ind, near, a.bottom), Place25D(a.ind, far, a.bottom),
       Place25D(b.ind, far, b.bottom),  Place25D(b.ind, near, b.bottom),
       Place25D(a.ind, near, a.top),    Place25D(a.ind, far, a.top),
       Place25D(b.ind, far, b.top),     Place25D(b.ind, near, b.top)};
-  m_transform->C3DATWS(corners.data(), static_cast<int>(corners.size()));
   m_openGL->DrawSolidObject3D(corners.data(), fill, m_outlineColor, kAllFaces.data());
 }
 
@@ -81,9 +87,11 @@ void CChartObj3D::DrawAreaFillChart25D() {
     const bool touches = a.dep == m_baseValue || b.dep == m_baseValue;
     const double level = touches ? m_baseValue - tolerance : m_baseValue;
     if (a.dep >= m_baseValue && b.dep >= m_baseValue) {
-      DrawAreaSolid({a.ind, level, a.dep}, {b.ind - gap, level, b.dep}, SegmentFill(i));
+      DrawAreaSolid(ToWorking({a.ind, level, a.dep}), ToWorking({b.ind - gap, level, b.dep}),
+                    SegmentFill(i));
     } else {
-      DrawAreaSolid({a.ind, a.dep, level}, {b.ind - gap, b.dep, level}, SegmentFill(i));
+      DrawAreaSolid(ToWorking({a.ind, a.dep, level}), ToWorking({b.ind - gap, b.dep, level}),
+                    SegmentFill(i));
     }
   }
   m_openGL->SetLineWidth3D(1.0);
@@ -93,13 +101,14 @@ void CChartObj3D::DrawAreaRangeChart25D() {
   const std::size_t count = PointsIn({m_indData.size(), m_depData.size(), m_depData2.size()});
   m_openGL->SetLineWidth3D(m_outlineWidth);
   for (std::size_t i = 1; i < count; ++i) {
-    DrawLayer({m_indData[i - 1], m_depData[i - 1], m_depData2[i - 1]},
-              {m_indData[i], m_depData[i], m_depData2[i]}, SegmentFill(i));
+    DrawLayer(ToWorking({m_indData[i - 1], m_depData[i - 1], m_depData2[i - 1]}),
+              ToWorking({m_indData[i], m_depData[i], m_depData2[i]}), SegmentFill(i));
   }
   m_openGL->SetLineWidth3D(1.0);
 }
 
 void CChartObj3D::DrawGroupAreaFillChart25D() {
+  if (m_groupColors.empty()) return;
   const std::size_t count = PointsIn({m_indData.size()});
   const std::size_t groups = GroupsHeld();
   std::vector<double> sums = orvalix::WithAllocationErrors(
@@ -109,8 +118,8 @@ void CChartObj3D::DrawGroupAreaFillChart25D() {
   for (std::size_t g = 0; g < groups; ++g) {
     const std::span<const double> row = GroupRow(g);
     for (std::size_t i = 1; i < count; ++i) {
-      DrawLayer({m_indData[i - 1], sums[i - 1], sums[i - 1] + row[i - 1]},
-                {m_indData[i], sums[i], sums[i] + row[i]}, GroupFill(g));
+      DrawLayer(ToWorking({m_indData[i - 1], sums[i - 1], sums[i - 1] + row[i - 1]}),
+                ToWorking({m_indData[i], sums[i], sums[i] + row[i]}), GroupFill(g));
     }
     for (std::size_t i = 0; i < count; ++i) sums[i] += row[i];
   }
@@ -119,7 +128,7 @@ void CChartObj3D::DrawGroupAreaFillChart25D() {
 
 void CChartObj3D::DrawLayer(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill) {
   // The gap is taken from the far end, but never more than there is.
-  const double gap = std::min(AreaGap(), std::abs(b.ind - a.ind));
+  const double gap = std::min(std::abs(AreaGap()), std::abs(b.ind - a.ind));
   const double end = b.ind - std::copysign(gap, b.ind - a.ind);
   const double thicknessA = a.top - a.bottom;
   const double thicknessB = b.top - b.bottom;

@@ -92,15 +92,22 @@ void CChartObj3D::InitChartObj3D(COpenGL* context, CTransform3D* transform) {
 
 void CChartObj3D::DrawChartObj() {
   if (m_enable == 0 || m_openGL == nullptr || m_transform == nullptr) return;
+  // Also when drawing fails: what is drawn next doesn't expect the rest of this.
+  struct Restore {
+    COpenGL& openGL;
+    CTransform3D& transform;
+    ~Restore() {
+      transform.SetClipping(0);
+      openGL.SetPolygonOutlineMode(0);
+      openGL.EnableTexture(0);
+    }
+  } const restore{*m_openGL, *m_transform};
   m_openGL->SetPolygonOutlineMode(m_outlineMode);
   m_transform->ChartTransform();
   m_openGL->SetColorMode(m_colorMode);
   m_openGL->EnableTexture(m_colorMode == kColorByValue ? 1 : 0);
   if (m_clipping != 0) m_transform->SetClipping(m_clipping);
   DrawChartType();
-  m_transform->SetClipping(0);
-  m_openGL->SetPolygonOutlineMode(0);
-  m_openGL->EnableTexture(0);
 }
 
 void CChartObj3D::DrawChartType() {

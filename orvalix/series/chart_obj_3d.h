@@ -74,6 +74,16 @@ class ORVALIX_API CChartObj3D {
   /// Defaults, then InitChartObj3D().
   CChartObj3D(COpenGL* context, CTransform3D* transform);
 
+  /// Copies a series with its arrays; the copy isn't counted.
+  /// @throws CErr3D type 2: class 5, "operator=", or class 18, "CopyPolysurface"
+  CChartObj3D(const CChartObj3D& source);
+  /// The source is left without arrays.
+  CChartObj3D(CChartObj3D&& source) noexcept;
+  ~CChartObj3D();
+  /// @throws CErr3D as the copy constructor; the series is then as it was
+  CChartObj3D& operator=(const CChartObj3D& source);
+  CChartObj3D& operator=(CChartObj3D&& source) noexcept;
+
   /// Binds to a rendering context and a transform; both stay the caller's and must outlive the
   /// series.
   /// @throws CErr3D class 5, "InitChartObj3D": type 16 for something that is no live context, type
@@ -81,7 +91,11 @@ class ORVALIX_API CChartObj3D {
   void InitChartObj3D(COpenGL* context, CTransform3D* transform);
 
   /// Draws the series unless it is disabled or not bound. Afterwards clipping, polygon outlines and
-  /// colouring by value are off.
+  /// colouring by value are off, even when it throws.
+  /// @throws CErr3D when memory runs out: type 2 or 3, class 5, the place "Draw" with the name of
+  /// the
+  ///   type, or that of a storage; type 2, class 7, "InitContour". Type 17, class 19, "InitTextObj"
+  ///   for texts without a font in the context.
   void DrawChartObj();
 
   /// @name Set-up of two-and-a-half-dimensional types
@@ -96,7 +110,8 @@ class ORVALIX_API CChartObj3D {
   ///   starts there, 1 is centred, 2 ends there, anything else as 0.
   /// - `indAxis` 0: the independent values run along x; 1: along y.
   ///
-  /// Drawing needs all arrays of the type, and draws as many points as the shortest one holds.
+  /// Drawing needs all arrays of the type, and draws as many points as the shortest one holds; only
+  /// boxes do without group colours.
   /// @throws CErr3D type 2, class 5, of the storage that could not be allocated
   /// @{
 
@@ -201,7 +216,7 @@ class ORVALIX_API CChartObj3D {
   /// A bar per point, from its height up or down to the point. The bar stands with its corner on
   /// the point. Segment colours are those of the points.
   /// @param heights n values from which the bars reach to their points; copied. Null leaves what
-  ///   was there; without any, bars start at 0.
+  ///   was there; without any, bars start at 0. Without points there are no heights either.
   /// @param indWidth, constWidth extents along x and y; kept: they go through the transform as if
   ///   they were values
   void BarChart3D(const point3Dtype* points, const double* heights, int n, double indWidth,
@@ -298,7 +313,7 @@ class ORVALIX_API CChartObj3D {
   /// NumContours values, in the storage of the independent values.
   void InitContourValueStorage(const double* source);
   void DeleteContourValueStorage();
-  /// NumContours + 1 colours, in the storage of the segment colours.
+  /// NumContours + 1 colours, in the storage of the segment colours; none for counts below 0.
   void InitContourColorsStorage(const RGBDType* source);
   void DeleteContourColorsStorage();
   /// One mesh.
@@ -434,7 +449,8 @@ class ORVALIX_API CChartObj3D {
   /// Nonzero outlines polygons. Default 1.
   void SetOutlineMode(int value);
   int GetOutlineMode() const;
-  /// Code of the plane (see planes.h) onto which points are projected; below 0 none. Default 0.
+  /// Code of the plane (see planes.h) onto which points are projected; none below 0 and above 5.
+  /// Default 0.
   void SetProjectionPlane(int value);
   int GetProjectionPlane() const;
   /// Nonzero: each segment takes its own colour. Default 0.
@@ -474,17 +490,32 @@ class ORVALIX_API CChartObj3D {
   /// points that it has independent and dependent (or group) values for, without either with none;
   /// a surface with the contours that it has values for. Kept: bar heights of three-dimensional
   /// bars aren't saved.
-  /// @throws CErr3D type 7, class 5, "Save"
+  /// @throws CErr3D "Save": type 7, or type 2 when memory runs out, class 5 or that of the mesh
+  /// (18)
   void Save(void* file) const;
   /// Reads a series from an open file; the series counter becomes the stored one. Null does
   /// nothing.
-  /// @throws CErr3D class 5, "Load": type 7, or type 2 when memory runs out
+  /// @throws CErr3D "Load": type 7, or type 2 when memory runs out, class 5 or that of the mesh
+  /// (18)
   void Load(void* file);
   /// @}
 
   static int nSelfID;  ///< series counted so far; Load() overwrites it
 
  private:
+  /// An array of the series. Copying it throws CErr3D type 2, class 5, "operator=" when memory runs
+  /// out.
+  template <class T>
+  class StoredArray : public std::vector<T> {
+   public:
+    StoredArray() = default;
+    StoredArray(const StoredArray& source);
+    StoredArray(StoredArray&&) noexcept = default;
+    StoredArray& operator=(const StoredArray&) = delete;
+    StoredArray& operator=(StoredArray&&) noexcept = default;
+    ~StoredArray() = default;
+  };
+
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
   template <class Record, class Self>
@@ -542,7 +573,7 @@ class ORVALIX_API CChartObj3D {
     double dx;
     double dy;
   };
-  /// An end of a piece of an area, world coordinates.
+  /// An end of a piece of an area.
   struct AreaEnd {
     double ind;
     double bottom;
@@ -562,10 +593,13 @@ class ORVALIX_API CChartObj3D {
                    RGBDType const& fill);
   /// World units left free along a linear independent axis.
   double AreaGap() const;
+  /// From world to working coordinates.
+  AreaEnd ToWorking(const AreaEnd& end) const;
+  /// A piece of an area between ends in working coordinates.
   /// Corners in the order a near, a far, b far, b near: lit from outside when this turns as it does
   /// with a before b along x.
   void DrawAreaSolid(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill);
-  /// A piece of a layer, divided where bottom and top cross.
+  /// A piece of a layer between ends in working coordinates, divided where bottom and top cross.
   void DrawLayer(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill);
   /// A piece between ends that don't cross, lit from outside.
   void DrawUpright(AreaEnd a, AreaEnd b, RGBDType const& fill);
@@ -589,8 +623,9 @@ class ORVALIX_API CChartObj3D {
   /// A line per point from one row to another, in the line style in force.
   void DrawUprightLines(std::span<const double> from, std::span<const double> to,
                         std::size_t count);
-  /// A line per point from the value of a row along the independent axis, so long in world units.
-  void DrawTics(std::size_t row, double length, std::size_t count);
+  /// A line per point from the value of a row along the independent axis.
+  /// @param direction below 0: to smaller values; above: to larger ones
+  void DrawTics(std::size_t row, double direction, std::size_t count);
 
   static bool IsSymbol(int symbol);
   /// The point with the coordinate across plane 0 to 5 replaced; as it is for other numbers.
@@ -646,15 +681,15 @@ class ORVALIX_API CChartObj3D {
   int m_outlineMode;          ///< nonzero: polygons have outlines
   std::array<int, 6> m_comboChartFlags;       ///< parts of composite types
   int m_enable;                               ///< 0: not drawn
-  std::vector<double> m_indData;              ///< independent values, or contour values
-  std::vector<double> m_depData;              ///< dependent values
-  std::vector<double> m_groupData;            ///< group by group
-  std::vector<double> m_depData2;             ///< second dependent values
-  std::vector<double> m_barHeights;           ///< of floating and 3D bars
-  std::vector<point3Dtype> m_points;          ///< of the 3D types
-  std::vector<RGBDType> m_groupColors;        ///< one per group
-  std::vector<RGBDType> m_segmentColors;      ///< colours of segments, or of contours
-  std::vector<CString> m_strings;             ///< texts at points
+  StoredArray<double> m_indData;              ///< independent values, or contour values
+  StoredArray<double> m_depData;              ///< dependent values
+  StoredArray<double> m_groupData;            ///< group by group
+  StoredArray<double> m_depData2;             ///< second dependent values
+  StoredArray<double> m_barHeights;           ///< of floating and 3D bars
+  StoredArray<point3Dtype> m_points;          ///< of the 3D types
+  StoredArray<RGBDType> m_groupColors;        ///< one per group
+  StoredArray<RGBDType> m_segmentColors;      ///< colours of segments, or of contours
+  StoredArray<CString> m_strings;             ///< texts at points
   std::optional<CPolysurface> m_polysurface;  ///< of surfaces and contours
   int m_classTag;                             ///< 606 marks a live object
   int m_ownerID;                              ///< id of the transform bound last

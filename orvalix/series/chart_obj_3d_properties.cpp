@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/series/chart_obj_3d.h"
 
 namespace {
@@ -91,11 +92,14 @@ void CChartObj3D::Set3DPoint(int i, point3Dtype const& point) {
 }
 
 CString CChartObj3D::GetScatterTextString(int i) const {
-  return Element(m_strings, i, m_numDataPnts);
+  return orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D,
+                                       "GetScatterTextString",
+                                       [&] { return Element(m_strings, i, m_numDataPnts); });
 }
 
 void CChartObj3D::SetScatterTextString(int i, CString const& text) {
-  SetElement(m_strings, i, m_numDataPnts, text);
+  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, "SetScatterTextString",
+                                [&] { SetElement(m_strings, i, m_numDataPnts, text); });
 }
 
 double CChartObj3D::GetContourValue(int i) const { return Element(m_indData, i, m_numDataPnts); }

@@ -145,7 +145,9 @@ void CChartObj3D::RecordArrays(Record& record, Self& self) {
   if (self.m_segmentColorsCount != 0) {
     RecordArray(record, self.m_segmentColors,
                 StoredCount<Record>(self.m_segmentColors, self.m_segmentColorsCount));
-    if constexpr (Record::kReading) self.m_segmentColorMode = 1;
+    if constexpr (Record::kReading) {
+      if (!record.HasEnded()) self.m_segmentColorMode = 1;
+    }
   }
   RecordSurface(record, self);
   RecordArray(record, self.m_strings, StoredCount<Record>(self.m_strings, self.m_stringsCount));
@@ -171,8 +173,9 @@ void CChartObj3D::RecordScalarArrays(Record& record, Self& self, std::int64_t po
 template <class Record, class Self>
 void CChartObj3D::RecordSurface(Record& record, Self& self) {
   if constexpr (Record::kReading) {
-    if (self.m_polysurfaceFlag == 0) return;
-    self.m_polysurface.emplace();
+    if (record.HasEnded()) return;
+    self.m_polysurface.reset();
+    if (self.m_polysurfaceFlag != 0) self.m_polysurface.emplace();
   }
   if (!self.m_polysurface.has_value()) return;
   record.Child(*self.m_polysurface);

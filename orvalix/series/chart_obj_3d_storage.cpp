@@ -27,6 +27,25 @@ void Free(std::vector<T>& storage) {
 
 }  // namespace
 
+template <class T>
+CChartObj3D::StoredArray<T>::StoredArray(const StoredArray& source)
+    : std::vector<T>(orvalix::WithAllocationErrors(
+          ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D,
+          "operator=", [&] { return std::vector<T>(source.begin(), source.end()); })) {}
+
+CChartObj3D::CChartObj3D(const CChartObj3D& source) = default;
+
+CChartObj3D::CChartObj3D(CChartObj3D&& source) noexcept = default;
+
+CChartObj3D::~CChartObj3D() = default;
+
+CChartObj3D& CChartObj3D::operator=(const CChartObj3D& source) {
+  CChartObj3D copy(source);
+  return *this = std::move(copy);
+}
+
+CChartObj3D& CChartObj3D::operator=(CChartObj3D&& source) noexcept = default;
+
 void CChartObj3D::InitIndDataStorage(const double* source) {
   if (source != nullptr) Copy(m_indData, source, ToSize(m_numDataPnts), "InitIndDataStorage");
 }
@@ -101,7 +120,8 @@ void CChartObj3D::DeleteContourValueStorage() { Free(m_indData); }
 
 void CChartObj3D::InitContourColorsStorage(const RGBDType* source) {
   if (source == nullptr) return;
-  Copy(m_segmentColors, source, ToSize(m_numContours) + 1, "InitContourColorsStorage");
+  const std::size_t count = m_numContours < 0 ? 0 : ToSize(m_numContours) + 1;
+  Copy(m_segmentColors, source, count, "InitContourColorsStorage");
 }
 
 void CChartObj3D::DeleteContourColorsStorage() { Free(m_segmentColors); }

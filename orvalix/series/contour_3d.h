@@ -85,7 +85,7 @@ class ORVALIX_API CContour3D {
   double m_plane = 0.0;       ///< z of all lines
   int m_labelFlag = 0;        ///< only stored
   int m_levelsDone = 0;       ///< heights that have been followed
-  long long m_crossings;      ///< polygons in lines
+  long long m_crossings = 0;  ///< polygons in lines
   std::vector<int> m_places;  ///< of polygons among the crossings of a height, or -1
   std::vector<int> m_chain;   ///< polygons along the line
 };

@@ -15,6 +15,7 @@ constexpr int kStacked = 1;
 void CChartObj3D::DrawGroupBarChart25D() {
   const bool stacked = m_groupType == kStacked;
   if (!stacked && m_groupType != kSideBySide) return;
+  if (m_groupColors.empty()) return;
   const std::size_t count = PointsIn({m_indData.size()});
   const std::size_t groups = GroupsHeld();
   m_openGL->SetLineWidth3D(m_outlineWidth);
@@ -28,7 +29,7 @@ void CChartObj3D::DrawGroupBarChart25D() {
         const double to = m_transform->CVTWS(2, sum);
         DrawGroupBar(m_indData[i], m_indWidth, std::min(from, to), std::abs(to - from), g);
       } else {
-        const double slot = m_indWidth / static_cast<double>(groups);
+        const double slot = m_indWidth / static_cast<double>(m_numGroups);
         DrawGroupBar(m_indData[i] + static_cast<double>(g) * slot, slot,
                      m_transform->CVTWS(2, m_baseValue), std::abs(m_transform->CVTWS(2, value)), g);
       }

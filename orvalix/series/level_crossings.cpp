@@ -10,7 +10,7 @@
 namespace orvalix {
 namespace {
 
-/// Crossings per polygon for which there is memory in any case.
+/// Crossings per polygon, and per height, for which there is memory in any case.
 constexpr std::size_t kCrossingsPerPolygon = 4;
 
 /// The vertices of a polygon, and the first one again.
@@ -37,7 +37,8 @@ bool CheckForPolyContour3D(const Vertices& vertices, int count, double level,
 LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const double> levels)
     : m_lists(levels.size()) {
   const int polygons = surface.GetPSNumPolygons();
-  const std::size_t most = kCrossingsPerPolygon * static_cast<std::size_t>(polygons);
+  const std::size_t most =
+      kCrossingsPerPolygon * (static_cast<std::size_t>(polygons) + levels.size());
   SortLevels(levels);
   for (int polygon = 0; polygon < polygons; ++polygon) {
     double lowest = 0.0;

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstddef>
 
 #include "orvalix/render/open_gl.h"
@@ -19,7 +20,7 @@ constexpr double kSizeDivisor = 10.0;
 void CChartObj3D::DrawOHLCChart25D() {
   constexpr const char* kPlace = "DrawOHLCChart25D";
   const std::size_t count = PointsIn({m_indData.size()});
-  if (count == 0 || GroupsHeld() < kRows) return;
+  if (count == 0 || GroupsHeld() < kRows || m_groupColors.empty()) return;
   const auto enabled = [this](std::size_t part) { return m_comboChartFlags[part] != 0; };
   const point3Dtype range = m_transform->GetRange();
   const double sizeX = m_relSize / kSizeDivisor * range.x;
@@ -32,8 +33,8 @@ void CChartObj3D::DrawOHLCChart25D() {
     DrawUprightLines(GroupRow(kHigh), GroupRow(kLow), count);
   }
   // Before the parts, which leave another transform in force.
-  if (enabled(kOpen) && !IsSymbol(m_symbol)) DrawTics(kOpen, -along / 2.0, count);
-  if (enabled(kClose) && !IsSymbol(m_symbol2)) DrawTics(kClose, along / 2.0, count);
+  if (enabled(kOpen) && !IsSymbol(m_symbol)) DrawTics(kOpen, -1.0, count);
+  if (enabled(kClose) && !IsSymbol(m_symbol2)) DrawTics(kClose, 1.0, count);
   const auto drawSymbols = [&](std::size_t row, int symbol) {
     if (!enabled(row)) return;
     CChartObj3D symbols = MakePart();
@@ -53,12 +54,15 @@ void CChartObj3D::DrawOHLCChart25D() {
   m_openGL->SetLineStyle3D(0, 1.0, RGBDType{0.0, 0.0, 0.0, 1.0});
 }
 
-void CChartObj3D::DrawTics(std::size_t row, double length, std::size_t count) {
+void CChartObj3D::DrawTics(std::size_t row, double direction, std::size_t count) {
   const std::span<const double> values = GroupRow(row);
+  const double size = m_relSize / kSizeDivisor * m_transform->GetAxisWorkingRange(m_indAxis == 1);
+  const double length = std::copysign(size / 2.0, direction);
   m_openGL->SetLineStyle3D(m_lineStyle, m_lineWidth, GroupFill(row));
   for (std::size_t i = 0; i < count; ++i) {
-    m_openGL->LineAbs3D(
-        m_transform->CPTWS(Place25D(m_indData[i], m_constValue, values[i])),
-        m_transform->CPTWS(Place25D(m_indData[i] + length, m_constValue, values[i])));
+    const point3Dtype from = m_transform->CPTWS(Place25D(m_indData[i], m_constValue, values[i]));
+    point3Dtype to = from;
+    (m_indAxis == 1 ? to.y : to.x) += length;
+    m_openGL->LineAbs3D(from, to);
   }
 }

@@ -34,6 +34,7 @@ void CChartObj3D::DrawRibbonChart25D() {
 }
 
 void CChartObj3D::DrawGroupRibbonChart25D() {
+  if (m_groupColors.empty()) return;
   const std::size_t count = PointsIn({m_indData.size()});
   const std::size_t groups = GroupsHeld();
   std::vector<double> sums = orvalix::WithAllocationErrors(

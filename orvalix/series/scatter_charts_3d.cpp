@@ -1,8 +1,10 @@
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/open_gl.h"
+#include "orvalix/render/placeable_internal.h"
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
@@ -89,9 +91,10 @@ void CChartObj3D::DrawScatterChart3D() {
   for (std::size_t i = 0; i < count; ++i) {
     const RGBDType color = SegmentFill(i);
     ProjectionLine(m_points[i], color);
-    if (!IsSymbol(m_symbol)) continue;
+    if (!IsSymbol(m_symbol) || !std::isfinite(scale)) continue;
     point3Dtype place;
     m_transform->NormalizePoint(m_points[i], place);
+    if (!orvalix::IsPlaceable(place)) continue;
     m_openGL->LoadMatrixTransform(m_transform->GetFontTransform());
     m_openGL->Translate3D(place.x, place.y, place.z);
     m_openGL->Scale3D(scale, scale, scale);

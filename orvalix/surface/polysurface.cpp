@@ -200,7 +200,8 @@ void CPolysurface::AddPolysurfacePolygon(int polygon, const int* indices, int co
     orvalix::ThrowError(ERR3D_BAD_POLYSURFACE, ERR3DCLASS_POLYSURFACE, "AddPolysurfacePolygon");
   }
   const auto room = static_cast<std::int64_t>(m_indices.size()) - m_indexCount;
-  if (!Has(m_polygons, polygon) || indices == nullptr || count < 1 || count > room) return;
+  if (!Has(m_polygons, polygon) || count < 0 || count > room) return;
+  if (indices == nullptr && count > 0) return;
   Polygon& record = At(m_polygons, polygon);
   record.first = first;
   record.second = second;
@@ -303,7 +304,7 @@ bool CPolysurface::GetPSPHeights(int polygon, double& lowest, double& highest) c
   }
   lowest = low;
   highest = high;
-  return true;
+  return low <= high;
 }
 
 void CPolysurface::GetAdjacentPolyList(int polygon, int* neighbors) const {

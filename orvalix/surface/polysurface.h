@@ -142,12 +142,11 @@ class ORVALIX_API CPolysurface {
 
   /// Polygons that there can be; 0 while the mesh is closed.
   int GetPSMaxPolygons() const;
-  /// Polygons that were added; 0 while the mesh is closed.
+  /// Polygons that were added, at most as many as there can be; 0 while the mesh is closed.
   int GetPSNumPolygons() const;
   /// Points per polygon that the mesh was opened for.
   int GetPSPointsPerPolygon() const;
-  /// Writes a polygon and counts it. Does nothing in a closed mesh, without vertices, and when the
-  /// vertices don't fit.
+  /// Writes a polygon and counts it. Does nothing in a closed mesh and when the vertices don't fit.
   /// @param polygon its number, chosen by the caller. One that is written again is counted again,
   ///   and its earlier vertices keep their room.
   /// @param indices numbers of the vertices; copied
@@ -179,8 +178,8 @@ class ORVALIX_API CPolysurface {
   double GetPSPMean(int polygon, int axis) const;
   /// Addition: the smallest and the largest height of a polygon's vertices; undefined heights are
   /// passed over.
-  /// @return false, with infinite ends the wrong way round, when there is no such polygon or when
-  ///   one of its vertices doesn't exist
+  /// @return false, with infinite ends the wrong way round, when there are no heights: without such
+  ///   a polygon, or when one of its vertices doesn't exist
   bool GetPSPHeights(int polygon, double& lowest, double& highest) const;
   /// Finds the neighbours of all polygons. Only for a grid of triangles: nothing happens otherwise.
   /// @throws CErr3D type 2, class 18, "CreateRGAdjacentPolygonList"

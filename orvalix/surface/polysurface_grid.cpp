@@ -204,7 +204,9 @@ void CPolysurface::ReducePolysurface(const CPolysurface* source, int type) {
     if (gridPoints > 0 && gridPoints <= source->GetPSNumPoints()) {
       TakeEverySecond(*source, type);
     } else {
-      *this = *source;
+      CPolysurface copy;
+      copy.CopyContents(*source);
+      SwapContents(copy);
     }
   });
 }
@@ -230,7 +232,8 @@ void CPolysurface::TakeEverySecond(const CPolysurface& source, int type) {
   if (!source.m_neighbors.empty()) made.FindNeighbors();
   made.MeasureHeights();
   // An even number of rows or columns leaves a shorter last step.
-  const bool even = source.m_grid.rows % 2 == 1 && source.m_grid.columns % 2 == 1;
+  const auto staysEven = [](int lines) { return lines % 2 == 1 || lines == 2; };
+  const bool even = staysEven(source.m_grid.rows) && staysEven(source.m_grid.columns);
   made.m_grid.even = even ? source.m_grid.even : 0;
   made.m_wireFrame = source.m_wireFrame;
   SwapContents(made);

@@ -315,7 +315,7 @@ TEST(Polysurface, PolygonsThatDoNotFitAreLeftOut) {
     EXPECT_EQ(read.first.red, 9.0);
     EXPECT_EQ(mesh.GetPSPMean(polygon, 0), 0.0);
   }
-  for (const int count : {0, -1, 7, kHuge, kLowest}) {
+  for (const int count : {-1, 7, kHuge, kLowest}) {
     mesh.AddPolysurfacePolygon(0, corners.data(), count, kRed, kRed);
   }
   mesh.AddPolysurfacePolygon(0, nullptr, 3, kRed, kRed);
@@ -325,6 +325,34 @@ TEST(Polysurface, PolygonsThatDoNotFitAreLeftOut) {
   EXPECT_EQ(mesh.GetPSNumPolygons(), 1);
   mesh.AddPolysurfacePolygon(1, corners.data(), 2, kRed, kRed);
   EXPECT_EQ(mesh.GetPSNumPolygons(), 2);
+}
+
+TEST(Polysurface, PolygonsWithoutVerticesCount) {
+  CPolysurface mesh(5, 2, 3);
+  mesh.AddPolysurfacePolygon(0, nullptr, 0, kRed, kGreen);
+  EXPECT_EQ(mesh.GetPSNumPolygons(), 1);
+  EXPECT_EQ(ReadIndices(mesh, 0).count, 0);
+  EXPECT_EQ(ReadIndices(mesh, 0).first.red, 1.0);
+  EXPECT_EQ(mesh.GetPSPMean(0, 0), 0.0);
+  double lowest = 0;
+  double highest = 0;
+  EXPECT_FALSE(mesh.GetPSPHeights(0, lowest, highest));
+}
+
+TEST(Polysurface, HeightsOfAPolygonAreItsLowestAndHighest) {
+  CPolysurface mesh = TwoTriangles();
+  double lowest = 0;
+  double highest = 0;
+  EXPECT_TRUE(mesh.GetPSPHeights(0, lowest, highest));
+  EXPECT_EQ(lowest, 3.0);  // z of the first three of kPoints: 3, 7, 11
+  EXPECT_EQ(highest, 11.0);
+  point3Dtype point = kPoints[0];
+  point.z = std::numeric_limits<double>::quiet_NaN();
+  mesh.SetOnePolysurfacePoint(0, point);  // passed over
+  EXPECT_TRUE(mesh.GetPSPHeights(0, lowest, highest));
+  EXPECT_EQ(lowest, 7.0);
+  EXPECT_FALSE(mesh.GetPSPHeights(2, lowest, highest));
+  EXPECT_GT(lowest, highest);
 }
 
 TEST(Polysurface, MoreThan255VerticesWrap) {
