@@ -7,6 +7,7 @@
 
 namespace orvalix {
 
+inline constexpr int kAuxObjTag = 101;
 inline constexpr int kAxesTag = 202;
 inline constexpr int kAxisTag = 303;
 inline constexpr int kAxisLabelsTag = 404;

@@ -301,6 +301,17 @@ class ORVALIX_API COpenGL {
                               RGBDType const& outline);
   /// @}
 
+  /// @name Shapes
+  /// @{
+
+  /// Draws a shape at the origin of the current matrix: a solid in the fill colour, or a wire shape
+  /// in flat line colour and line width. The colour mode is left as it was.
+  /// @param type one of CAuxObj3D::AuxObjTypes, which tell the dimensions; others draw nothing
+  /// @param solid nonzero: solid; 0: wire
+  /// @param size dimensions
+  void DrawAuxObject(int type, int solid, point3Dtype const& size);
+  /// @}
+
   /// @name Colouring by value
   /// @{
 
