@@ -11,6 +11,10 @@
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
+namespace orvalix {
+class Delaunay;
+}
+
 /// A mesh: points, and polygons that name their vertices by the numbers of points. Each polygon has
 /// two colours. A mesh that was made from a rectangular grid also knows the grid, and may know the
 /// neighbours of each polygon.
@@ -114,6 +118,25 @@ class ORVALIX_API CPolysurface {
   ///   and 3, isn't; type 10 for another type; type 19 when the open mesh has no room for that
   ///   many polygons or fewer points. The mesh is then as it was.
   void ConvertRG2PS(const point3Dtype* points, int rows, int columns, int type);
+  /// Triangulates the points, without the spare ones, by their x and y in place of the polygons
+  /// that there were. The triangles go anticlockwise, are blue with a white second colour, and form
+  /// the Delaunay triangulation: no point lies inside the circle through the vertices of a
+  /// triangle. Of triangles as flat as 1 : 100 along the border some may be missing. A closed mesh
+  /// and one for no points stay as they are.
+  ///
+  /// Points keep their coordinates, bit by bit; z and v take no part. Coordinates are told apart
+  /// when they differ by more than 2^-52 of the longer side of the points' extent. Of points that
+  /// coincide one gets the triangles. Points on one line, or at one place, have no triangles.
+  /// Points whose x or y isn't a finite number are left out.
+  ///
+  /// The description of a grid stays, although the triangles are no longer those of the grid.
+  /// @param makeAdjacency nonzero: finds the neighbours of all triangles, too; -1 where an edge
+  ///   is on the border
+  /// @throws CErr3D class 18: type 2 when memory runs out, with the place "InitDelaunay", "bsort",
+  ///   "Deltri" or, for the neighbours, "DelaunaySurface"; type 19, "DelaunaySurface", when the
+  ///   mesh was opened for fewer polygons or vertices than there are triangles: n points have at
+  ///   most 2 * n - 5. The mesh is then as it was.
+  void DelaunaySurface(int makeAdjacency);
   /// @}
 
   /// @name Points
@@ -304,6 +327,11 @@ class ORVALIX_API CPolysurface {
                       HeightAt heightAt);
   void FindNeighbors();
   void TakeEverySecond(const CPolysurface& source, int type);
+  void InitDelaunay(orvalix::Delaunay& work) const;
+  static void deltri(orvalix::Delaunay& work);
+  /// Gives the mesh the triangles that were made; nothing has changed when it throws.
+  void TakeTriangles(const orvalix::Delaunay& work, bool withNeighbors);
+  static void CloseDelaunay(orvalix::Delaunay& work);
 
   std::vector<point3Dtype> m_points;  ///< with the spare ones; empty while the mesh is closed
   std::vector<Polygon> m_polygons;    ///< as many as there can be
