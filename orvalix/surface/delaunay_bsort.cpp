@@ -9,8 +9,8 @@ namespace orvalix {
 namespace {
 
 /// Levels of the curve that one key tells, and keys that it takes to tell all of a place.
-constexpr int kLevelsPerKey = 12;
-constexpr int kKeys = 4;
+constexpr int kLevelsPerKey = 16;
+constexpr int kKeys = 3;
 constexpr int kPlaceBits = kLevelsPerKey * kKeys;
 
 /// Points in any order that need no sorting: so few are found quickly.
@@ -23,16 +23,21 @@ std::uint64_t ToPlace(double part) {
 
 }  // namespace
 
-/// The order of insertion.
-class Delaunay::BinOrder {
+/// Bins, and where points lie in them.
+class Delaunay::Bins {
  public:
-  explicit BinOrder(const Delaunay& work, std::size_t count)
-      : m_work(work), m_bins(rtround(std::pow(static_cast<double>(count), 0.25))) {
+  Bins(const Delaunay& work, std::size_t count)
+      : m_work(work), m_perRow(rtround(std::pow(static_cast<double>(count), 0.25))) {
     m_factorX = Factor(work.m_x);
     m_factorY = Factor(work.m_y);
+    // In a thin bin the curve goes along its longer side.
+    if (m_factorX > 0.0 && m_factorY > 0.0) {
+      m_width = std::min(1.0, m_factorY / m_factorX);
+      m_height = std::min(1.0, m_factorX / m_factorY);
+    }
   }
 
-  /// Sorts by bin and place, beginning with that key.
+  /// Sorts by bin and along the curve in each bin, beginning with that key.
   void Sort(std::span<Entry> entries, int key) const {
     for (Entry& entry : entries) entry.key = KeyOf(entry.point, key);
     std::sort(entries.begin(), entries.end(),
@@ -42,17 +47,24 @@ class Delaunay::BinOrder {
     for (auto first = entries.begin(); first != entries.end();) {
       const auto last = std::find_if(first, entries.end(),
                                      [&](const Entry& entry) { return entry.key != first->key; });
-      if (last - first > kFew) Sort({first, last}, key + 1);
+      if (last - first > kFew) {
+        const std::uint64_t common = first->key;
+        Sort({first, last}, key + 1);
+        for (Entry& entry : std::span(first, last)) entry.key = common;
+      }
       first = last;
     }
   }
+
+  /// The bin of an entry that was sorted by the first key.
+  static std::uint64_t BinOf(const Entry& entry) { return entry.key >> 2 * kLevelsPerKey; }
 
  private:
   /// Bins per unit of the grid.
   double Factor(const Extent& extent) const {
     constexpr double kMargin = 1.01;  // so that the last point isn't beyond the last bin
     const double width = m_work.ToGrid(extent.max, extent.min);
-    return width > 0.0 ? m_bins / (width * kMargin) : 0.0;
+    return width > 0.0 ? m_perRow / (width * kMargin) : 0.0;
   }
 
   BinPlace PlaceOf(int point) const {
@@ -61,10 +73,10 @@ class Delaunay::BinOrder {
     const double y = place.y * m_factorY;
     const auto column = static_cast<int>(x);
     const auto row = static_cast<int>(y);
-    const std::uint64_t u = ToPlace(x - column);
-    const std::uint64_t v = ToPlace(y - row);
-    if (row % 2 == 0) return {row * m_bins + column + 1, u, v};
-    return {(row + 1) * m_bins - column, ~u, v};
+    const std::uint64_t u = ToPlace((x - column) * m_width);
+    const std::uint64_t v = ToPlace((y - row) * m_height);
+    if (row % 2 == 0) return {row * m_perRow + column + 1, u, v};
+    return {(row + 1) * m_perRow - column, ~u, v};
   }
 
   std::uint64_t KeyOf(int point, int key) const {
@@ -77,9 +89,11 @@ class Delaunay::BinOrder {
   }
 
   const Delaunay& m_work;
-  int m_bins;  ///< per row, and rows
-  double m_factorX;
-  double m_factorY;
+  int m_perRow;            ///< as many as there are rows
+  double m_factorX = 0.0;  ///< bins per unit of the grid
+  double m_factorY = 0.0;  ///< bins per unit of the grid
+  double m_width = 1.0;    ///< of a bin, its longer side being 1
+  double m_height = 1.0;   ///< of a bin, its longer side being 1
 };
 
 int Delaunay::rtround(double a) { return static_cast<int>(std::floor(a + 0.5)); }
@@ -89,9 +103,35 @@ void Delaunay::bsort() {
   std::transform(m_list.begin(), m_list.end(), entries.begin(), [](int point) {
     return Entry{0, point};
   });
-  BinOrder(*this, m_list.size()).Sort(entries, 0);
-  std::transform(entries.begin(), entries.end(), m_list.begin(),
-                 [](const Entry& entry) { return entry.point; });
+  Bins(*this, m_list.size()).Sort(entries, 0);
+  m_list.clear();
+  for (auto first = entries.begin(); first != entries.end();) {
+    const auto last = std::find_if(first, entries.end(), [&](const Entry& entry) {
+      return Bins::BinOf(entry) != Bins::BinOf(*first);
+    });
+    AppendBin({first, last});
+    first = last;
+  }
+}
+
+/// Adds the points of a bin to the list: some that are spread over it first, then more between
+/// them, up and down the curve. If they came as they lie along it, then each point beside a
+/// straight row of earlier ones would be joined to all of those ahead, for the next point to undo.
+void Delaunay::AppendBin(std::span<const Entry> bin) {
+  constexpr std::size_t kThinning = 3;  // not 2 or 4, which would pick rows out of a regular grid
+  std::size_t stride = 1;
+  bool forward = true;
+  for (; stride * kThinning < bin.size(); stride *= kThinning) forward = !forward;
+  const std::size_t coarsest = stride;
+  for (; stride > 0; stride /= kThinning, forward = !forward) {
+    const std::size_t count = (bin.size() - 1) / stride + 1;
+    for (std::size_t i = 0; i < count; ++i) {
+      // From the end of the bin, so that its last point is among the first.
+      const std::size_t fromEnd = forward ? count - 1 - i : i;
+      if (stride < coarsest && fromEnd % kThinning == 0) continue;
+      m_list.push_back(bin[bin.size() - 1 - fromEnd * stride].point);
+    }
+  }
 }
 
 }  // namespace orvalix

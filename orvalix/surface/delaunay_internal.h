@@ -40,8 +40,7 @@ class Delaunay {
   void Init(std::span<const point3Dtype> points);
   /// Measures the extent. False when there are no two points at different places: no triangles.
   bool Measure();
-  /// Sorts the points into the order of insertion: by bins, which run back and forth row by row,
-  /// and along a curve within each bin.
+  /// Sorts the points into the order of insertion: by bins, which run back and forth row by row.
   void bsort();
   /// Allocates the tables.
   void MakeTables();
@@ -95,12 +94,13 @@ class Delaunay {
     double min;
     double max;
   };
-  class BinOrder;
+  class Bins;
 
   Triangle& At(int t) { return m_triangles[static_cast<std::size_t>(t)]; }
   const Triangle& At(int t) const { return m_triangles[static_cast<std::size_t>(t)]; }
   const GridPoint& Place(int vertex) const { return m_places[static_cast<std::size_t>(vertex)]; }
 
+  void AppendBin(std::span<const Entry> bin);
   double Difference(double value, double min) const;
   double ToGrid(double value, double min) const;
   GridPoint ToGrid(const point3Dtype& point) const;

@@ -118,24 +118,23 @@ class ORVALIX_API CPolysurface {
   ///   and 3, isn't; type 10 for another type; type 19 when the open mesh has no room for that
   ///   many polygons or fewer points. The mesh is then as it was.
   void ConvertRG2PS(const point3Dtype* points, int rows, int columns, int type);
-  /// Triangulates the points, without the spare ones, by their x and y in place of the polygons
-  /// that there were. The triangles go anticlockwise, are blue with a white second colour, and form
-  /// the Delaunay triangulation: no point lies inside the circle through the vertices of a
-  /// triangle. Of triangles as flat as 1 : 100 along the border some may be missing. A closed mesh
-  /// and one for no points stay as they are.
+  /// Triangulates the points, without the spare ones, by their x and y, in place of the polygons
+  /// that there were. The triangles go anticlockwise and are blue with a white second colour. They
+  /// are the Delaunay triangulation: no point lies inside the circle through the vertices of a
+  /// triangle. Flat triangles on the border, whose circles are wider than about a hundred times the
+  /// extent of the points, may be missing. A closed mesh and one for no points stay as they are.
   ///
-  /// Points keep their coordinates, bit by bit; z and v take no part. Coordinates are told apart
-  /// when they differ by more than 2^-52 of the longer side of the points' extent. Of points that
-  /// coincide one gets the triangles. Points on one line, or at one place, have no triangles.
-  /// Points whose x or y isn't a finite number are left out.
+  /// Points keep their coordinates, bit by bit. Coordinates that differ by less than 2^-53 of the
+  /// longer side of the points' extent count as the same. Of points that coincide one gets the
+  /// triangles. Points on one line, or all at one place, have no triangles. Points whose x or y
+  /// isn't a finite number are left out.
   ///
   /// The description of a grid stays, although the triangles are no longer those of the grid.
-  /// @param makeAdjacency nonzero: finds the neighbours of all triangles, too; -1 where an edge
-  ///   is on the border
+  /// @param makeAdjacency nonzero: the neighbours of all triangles become known, too
   /// @throws CErr3D class 18: type 2 when memory runs out, with the place "InitDelaunay", "bsort",
   ///   "Deltri" or, for the neighbours, "DelaunaySurface"; type 19, "DelaunaySurface", when the
-  ///   mesh was opened for fewer polygons or vertices than there are triangles: n points have at
-  ///   most 2 * n - 5. The mesh is then as it was.
+  ///   mesh was opened for fewer polygons or vertices than the triangles have. n points have at
+  ///   most 2 * n - 5 triangles. The mesh is then as it was.
   void DelaunaySurface(int makeAdjacency);
   /// @}
 
@@ -204,7 +203,8 @@ class ORVALIX_API CPolysurface {
   /// @return false, with infinite ends the wrong way round, when there are no heights: without such
   ///   a polygon, or when one of its vertices doesn't exist
   bool GetPSPHeights(int polygon, double& lowest, double& highest) const;
-  /// Finds the neighbours of all polygons. Only for a grid of triangles: nothing happens otherwise.
+  /// Finds the neighbours of all polygons. Only for a grid of triangles: nothing happens otherwise,
+  /// nor when the grid's triangles have been replaced.
   /// @throws CErr3D type 2, class 18, "CreateRGAdjacentPolygonList"
   void CreateRGAdjacentPolygonList();
   /// The numbers of a polygon's three neighbours, each -1 where there is none: neighbour k lies
@@ -326,6 +326,8 @@ class ORVALIX_API CPolysurface {
   void CreateEvenGrid(int rows, int columns, const Area& area, int type, const char* place,
                       HeightAt heightAt);
   void FindNeighbors();
+  /// True when the polygons are those that BuildGrid() makes of triangles.
+  bool HasGridTriangles() const;
   void TakeEverySecond(const CPolysurface& source, int type);
   void InitDelaunay(orvalix::Delaunay& work) const;
   static void deltri(orvalix::Delaunay& work);

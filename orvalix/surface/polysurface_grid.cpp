@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -247,9 +248,7 @@ void CPolysurface::CreateRGAdjacentPolygonList() {
 void CPolysurface::FindNeighbors() {
   const int rows = std::max(m_grid.rows, 1) - 1;  // of cells; files may hold any number
   const int columns = std::max(m_grid.columns, 1) - 1;
-  const bool isGrid = IsOfTriangles(m_grid.type) && rows > 0 && columns > 0 &&
-                      m_numPolygons == PolygonsOf(m_grid.rows, m_grid.columns, m_grid.type);
-  if (!isGrid) return;
+  if (!IsOfTriangles(m_grid.type) || rows == 0 || columns == 0 || !HasGridTriangles()) return;
   std::vector<int> neighbors(m_polygons.size() * kTriangleVertices, -1);
   const int perRow = 2 * columns;
   auto next = neighbors.begin();
@@ -266,6 +265,26 @@ void CPolysurface::FindNeighbors() {
     }
   }
   m_neighbors.swap(neighbors);
+}
+
+/// A triangulation, for one, leaves the description of a grid beside triangles of another order.
+bool CPolysurface::HasGridTriangles() const {
+  if (m_numPolygons != PolygonsOf(m_grid.rows, m_grid.columns, m_grid.type)) return false;
+  const auto isTriangle = [this](int polygon, std::array<int, kTriangleVertices> vertices) {
+    const Polygon* found = FindPolygon(polygon);
+    return found != nullptr && found->count == kTriangleVertices &&
+           std::equal(vertices.begin(), vertices.end(), m_indices.begin() + found->firstIndex);
+  };
+  const int columns = m_grid.columns;
+  for (int polygon = 0; polygon < m_numPolygons; polygon += 2) {
+    const int cell = polygon / 2;
+    const int corner = cell / (columns - 1) * columns + cell % (columns - 1);
+    if (!isTriangle(polygon, {corner, corner + 1, corner + columns}) ||
+        !isTriangle(polygon + 1, {corner + 1, corner + 1 + columns, corner + columns})) {
+      return false;
+    }
+  }
+  return true;
 }
 
 int CPolysurface::GetEvenGridFlag() const { return m_grid.even; }
