@@ -148,6 +148,67 @@ TEST(DelaunayOrder, HoldsEachPointOnce) {
   EXPECT_EQ(*seen.rbegin(), 1999);
 }
 
+TEST(DelaunayOrder, EachBinIsSpreadOverFirst) {
+  // 20 points make 2 columns of bins, here of 10 points along a line, along which the curve goes.
+  // Every 9th, counted from the end, comes first, then every 3rd backwards, then the rest.
+  Points points;
+  for (int i = 0; i < 20; ++i) points.push_back({i * 1.0, 5, 0, 0});
+  Delaunay work;
+  work.Init(points);
+  ASSERT_TRUE(work.Measure());
+  work.bsort();
+  constexpr std::array<int, 20> kOrder{0,  9,  6,  3,  1,  2,  4,  5,  7,  8,
+                                       10, 19, 16, 13, 11, 12, 14, 15, 17, 18};
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(work.PointOf(i), kOrder[static_cast<std::size_t>(i)]) << i;
+}
+
+TEST(DelaunayOrder, FollowsTheCurveIntoCrowds) {
+  // 4096 points in a square of 2^-40, in an extent of 1. Along the curve there are about 64
+  // squares' widths from the first to the last, 2.4 times as many in all rounds; in no order, half
+  // a width for each point.
+  constexpr int kCount = 4096;
+  constexpr double kSize = 0x1p-40;
+  Random random(4);
+  std::uniform_real_distribution<double> uniform(0, kSize);
+  Points points{{1, 1, 0, 0}};
+  for (int i = 0; i < kCount; ++i) points.push_back({uniform(random), uniform(random), 0, 0});
+  Delaunay work;
+  work.Init(points);
+  ASSERT_TRUE(work.Measure());
+  work.bsort();
+  double way = 0.0;
+  for (int i = 1; i < kCount; ++i) {
+    const point3Dtype& from = points[static_cast<std::size_t>(work.PointOf(i - 1))];
+    const point3Dtype& to = points[static_cast<std::size_t>(work.PointOf(i))];
+    way += std::hypot(to.x - from.x, to.y - from.y) / kSize;
+  }
+  EXPECT_LT(way, 400);
+}
+
+TEST(DelaunayOrder, GoesAlongThinBins) {
+  // A strip of 1 by 1000 and bins as thin: going along one passes its height once, while a curve
+  // that is stretched to fill it would go up and down many times.
+  constexpr int kCount = 4096;
+  Random random(5);
+  std::uniform_real_distribution<double> uniform(0, 1);
+  Points points;
+  for (int i = 0; i < kCount; ++i)
+    points.push_back({uniform(random), 1000 * uniform(random), 0, 0});
+  Delaunay work;
+  work.Init(points);
+  ASSERT_TRUE(work.Measure());
+  work.bsort();
+  double way = 0.0;
+  for (int i = 1; i < kCount; ++i) {
+    const point3Dtype& from = points[static_cast<std::size_t>(work.PointOf(i - 1))];
+    const point3Dtype& to = points[static_cast<std::size_t>(work.PointOf(i))];
+    way += std::abs(to.y - from.y);
+  }
+  // 64 bins, each 125 high, gone along in 4 rounds (strides 27, 9, 3, 1) and up to once to get
+  // there.
+  EXPECT_LT(way, 64 * 125 * 5);
+}
+
 TEST(DelaunayOrder, TheCurveGoesFromCellToCell) {
   for (int levels = 1; levels <= 5; ++levels) {
     const int side = 1 << levels;
