@@ -315,18 +315,27 @@ TEST(DelaunaySigns, AgreeWithTheDeterminants) {
 }
 
 TEST(DelaunaySigns, AreTheSameInBothArithmetics) {
-  // Points close to a line, or to a circle, with the last bits at random.
+  // Three points on a line, and four on a circle (3^2 + 4^2 = 5^2), each moved by 1 at most: too
+  // little for doubles to tell.
   Random random(3);
-  const auto nudge = [&random] { return static_cast<double>(random() % 64); };
+  const auto nudged = [&random](double x, double y) -> GridPoint {
+    return {std::floor(x) + static_cast<double>(random() % 3) - 1,
+            std::floor(y) + static_cast<double>(random() % 3) - 1};
+  };
+  const auto below = [&random](double limit) {
+    return static_cast<double>(random() % static_cast<std::uint64_t>(limit));
+  };
   for (int i = 0; i < 100000; ++i) {
-    const double x = std::floor(std::ldexp(static_cast<double>(random() % 1000 + 1), 40));
-    const double y = std::floor(std::ldexp(static_cast<double>(random() % 1000 + 1), 40));
-    const GridPoint a{x + nudge(), nudge()};
-    const GridPoint b{nudge(), y + nudge()};
-    const GridPoint c{nudge(), nudge()};
-    const GridPoint p{x + nudge(), y + nudge()};
-    const GridPoint middle{x / 2 + nudge(), y / 2 + nudge()};
-    EXPECT_EQ(LiesOutside(a, b, middle), LiesOutsideExactly(a, b, middle));
+    const GridPoint start{below(0x1p51), below(0x1p51)};
+    const GridPoint step{below(0x1p50), below(0x1p50)};
+    const GridPoint end = nudged(start.x + 2 * step.x, start.y + 2 * step.y);
+    const GridPoint middle = nudged(start.x + step.x, start.y + step.y);
+    EXPECT_EQ(LiesOutside(start, end, middle), LiesOutsideExactly(start, end, middle));
+    const double scale = 0x1p47 + below(0x1p47);
+    const GridPoint a = nudged(3 * scale, 4 * scale);
+    const GridPoint b = nudged(-5 * scale, 0);
+    const GridPoint c = nudged(4 * scale, -3 * scale);
+    const GridPoint p = nudged(-4 * scale, 3 * scale);
     EXPECT_EQ(ExceedHalfTurn(a, b, c, p), ExceedHalfTurnExactly(a, b, c, p));
   }
 }
