@@ -101,6 +101,30 @@ TEST(DelaunayChecks, NoFewPointsFillTheStack) {
 
 // --- the order of insertion ---
 
+std::vector<int> OrderOf(const Points& points) {
+  Delaunay work;
+  work.Init(points);
+  EXPECT_TRUE(work.Measure());
+  work.bsort();
+  std::vector<int> order;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    order.push_back(work.PointOf(static_cast<int>(i)));
+  }
+  return order;
+}
+
+/// The way along the first `count` points that are inserted.
+double WayAlong(const Points& points, std::size_t count) {
+  const std::vector<int> order = OrderOf(points);
+  double way = 0.0;
+  for (std::size_t i = 1; i < count; ++i) {
+    const point3Dtype& from = points[static_cast<std::size_t>(order[i - 1])];
+    const point3Dtype& to = points[static_cast<std::size_t>(order[i])];
+    way += std::hypot(to.x - from.x, to.y - from.y);
+  }
+  return way;
+}
+
 TEST(DelaunayOrder, RoundsHalvesUp) {
   EXPECT_EQ(Delaunay::rtround(2.49), 2);
   EXPECT_EQ(Delaunay::rtround(2.5), 3);
@@ -114,15 +138,12 @@ TEST(DelaunayOrder, BinsRunBackAndForth) {
   Points points;
   for (int i = 0; i < 81; ++i)
     points.push_back({std::floor(i * 7 % 81 % 9), i * 7 % 81 / 9 * 2.0, 0, 0});
-  Delaunay work;
-  work.Init(points);
-  ASSERT_TRUE(work.Measure());
-  work.bsort();
+  const std::vector<int> order = OrderOf(points);
   constexpr std::array<std::pair<int, int>, 9> kColumnAndRow{
       {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {1, 1}, {0, 1}, {0, 2}, {1, 2}, {2, 2}}};
   std::set<int> seen;
   for (int i = 0; i < 81; ++i) {
-    const int number = work.PointOf(i);
+    const int number = order[static_cast<std::size_t>(i)];
     const point3Dtype& point = points[static_cast<std::size_t>(number)];
     const auto& [column, row] = kColumnAndRow[static_cast<std::size_t>(i) / 9];
     EXPECT_EQ(static_cast<int>(point.x) / 3, column) << i;
@@ -137,29 +158,26 @@ TEST(DelaunayOrder, HoldsEachPointOnce) {
   Points points;
   for (int i = 0; i < 1000; ++i) points.push_back({i % 2 * 1.0, i % 3 * 0.5 + i * 0x1p-50, 0, 0});
   points.insert(points.end(), 1000, {0.25, 0.25, 0, 0});
-  Delaunay work;
-  work.Init(points);
-  ASSERT_TRUE(work.Measure());
-  work.bsort();
-  std::set<int> seen;
-  for (int i = 0; i < 2000; ++i) seen.insert(work.PointOf(i));
+  const std::vector<int> order = OrderOf(points);
+  const std::set<int> seen(order.begin(), order.end());
   EXPECT_EQ(seen.size(), 2000U);
   EXPECT_EQ(*seen.begin(), 0);
   EXPECT_EQ(*seen.rbegin(), 1999);
 }
 
 TEST(DelaunayOrder, EachBinIsSpreadOverFirst) {
-  // 20 points make 2 columns of bins, here of 10 points along a line, along which the curve goes.
-  // Every 9th, counted from the end, comes first, then every 3rd backwards, then the rest.
+  // 20 points on a line make 2 bins of 10 points. Of the order along the curve, every 9th comes
+  // first, counted from the end, then every 3rd backwards, then the rest.
   Points points;
   for (int i = 0; i < 20; ++i) points.push_back({i * 1.0, 5, 0, 0});
-  Delaunay work;
-  work.Init(points);
-  ASSERT_TRUE(work.Measure());
-  work.bsort();
-  constexpr std::array<int, 20> kOrder{0,  9,  6,  3,  1,  2,  4,  5,  7,  8,
-                                       10, 19, 16, 13, 11, 12, 14, 15, 17, 18};
-  for (int i = 0; i < 20; ++i) EXPECT_EQ(work.PointOf(i), kOrder[static_cast<std::size_t>(i)]) << i;
+  constexpr std::array<int, 20> kAlongX{0,  9,  6,  3,  1,  2,  4,  5,  7,  8,
+                                        10, 19, 16, 13, 11, 12, 14, 15, 17, 18};
+  EXPECT_EQ(OrderOf(points), std::vector<int>(kAlongX.begin(), kAlongX.end()));
+  for (point3Dtype& point : points) point = {5, point.x, 0, 0};
+  // In the second row of bins the curve is mirrored, its right side is gone along downwards.
+  constexpr std::array<int, 20> kAlongY{0,  9,  6,  3,  1,  2,  4,  5,  7,  8,
+                                        19, 10, 13, 16, 18, 17, 15, 14, 12, 11};
+  EXPECT_EQ(OrderOf(points), std::vector<int>(kAlongY.begin(), kAlongY.end()));
 }
 
 TEST(DelaunayOrder, FollowsTheCurveIntoCrowds) {
@@ -172,17 +190,8 @@ TEST(DelaunayOrder, FollowsTheCurveIntoCrowds) {
   std::uniform_real_distribution<double> uniform(0, kSize);
   Points points{{1, 1, 0, 0}};
   for (int i = 0; i < kCount; ++i) points.push_back({uniform(random), uniform(random), 0, 0});
-  Delaunay work;
-  work.Init(points);
-  ASSERT_TRUE(work.Measure());
-  work.bsort();
-  double way = 0.0;
-  for (int i = 1; i < kCount; ++i) {
-    const point3Dtype& from = points[static_cast<std::size_t>(work.PointOf(i - 1))];
-    const point3Dtype& to = points[static_cast<std::size_t>(work.PointOf(i))];
-    way += std::hypot(to.x - from.x, to.y - from.y) / kSize;
-  }
-  EXPECT_LT(way, 400);
+  EXPECT_EQ(OrderOf(points).back(), 0);  // the one far out
+  EXPECT_LT(WayAlong(points, kCount), 400 * kSize);
 }
 
 TEST(DelaunayOrder, GoesAlongThinBins) {
@@ -194,19 +203,9 @@ TEST(DelaunayOrder, GoesAlongThinBins) {
   Points points;
   for (int i = 0; i < kCount; ++i)
     points.push_back({uniform(random), 1000 * uniform(random), 0, 0});
-  Delaunay work;
-  work.Init(points);
-  ASSERT_TRUE(work.Measure());
-  work.bsort();
-  double way = 0.0;
-  for (int i = 1; i < kCount; ++i) {
-    const point3Dtype& from = points[static_cast<std::size_t>(work.PointOf(i - 1))];
-    const point3Dtype& to = points[static_cast<std::size_t>(work.PointOf(i))];
-    way += std::abs(to.y - from.y);
-  }
   // 64 bins, each 125 high, gone along in 4 rounds (strides 27, 9, 3, 1) and up to once to get
   // there.
-  EXPECT_LT(way, 64 * 125 * 5);
+  EXPECT_LT(WayAlong(points, kCount), 64 * 125 * 5);
 }
 
 TEST(DelaunayOrder, TheCurveGoesFromCellToCell) {
@@ -337,6 +336,27 @@ TEST(DelaunaySigns, AreTheSameInBothArithmetics) {
     const GridPoint c = nudged(4 * scale, -3 * scale);
     const GridPoint p = nudged(-4 * scale, 3 * scale);
     EXPECT_EQ(ExceedHalfTurn(a, b, c, p), ExceedHalfTurnExactly(a, b, c, p));
+    EXPECT_FALSE(ExceedHalfTurn({3 * scale, 4 * scale}, {-5 * scale, 0}, {4 * scale, -3 * scale},
+                                {-4 * scale, 3 * scale}));
+  }
+}
+
+TEST(DelaunaySigns, AreTheSameFromFarOut) {
+  // Points as close to a line through a corner of the enclosing triangle as they can be: already
+  // the way to there takes more bits than doubles have.
+  Random random(4);
+  const auto below = [&random](double limit) {
+    return static_cast<double>(random() % static_cast<std::uint64_t>(limit));
+  };
+  const GridPoint corner{-kFar, -kFar};
+  const long double far = kFar;
+  for (int i = 0; i < 100000; ++i) {
+    const GridPoint end{below(0x1p52), below(0x1p52)};
+    const double x = below(0x1p52);
+    const long double slope = (end.y + far) / (end.x + far);
+    const long double y = end.y + slope * (x - end.x);
+    const GridPoint p{x, static_cast<double>(std::floor(y)) + below(2)};
+    EXPECT_EQ(LiesOutside(corner, end, p), LiesOutsideExactly(corner, end, p));
   }
 }
 
