@@ -1,9 +1,11 @@
 #include "orvalix/surface/delaunay_internal.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 
 namespace orvalix {
 
@@ -78,6 +80,7 @@ GridPoint Delaunay::ToGrid(const point3Dtype& point) const {
 
 void Delaunay::MakeTables() {
   const std::size_t triangles = 2 * m_list.size() + 1;
+  if (triangles > INT_MAX) throw std::bad_alloc();  // more than can be numbered
   m_places.clear();
   m_places.reserve(m_list.size() + kCorners);
   m_triangles.clear();
@@ -140,8 +143,8 @@ void Delaunay::Replace(int t, int oldNeighbor, int newNeighbor) {
 /// of the two that were made last, and those that come to lie opposite it.
 void Delaunay::ExchangeDiagonals(int first) {
   const auto count = static_cast<int>(m_triangles.size());
-  // The triangle to check next is kept apart, not pushed to be popped at once: so there are never
-  // more on the stack than there are points.
+  // The triangle to check next is kept apart, not pushed to be popped at once. So there are never
+  // more on the stack than there are points; of three points there could be four otherwise.
   int next = kNone;
   const auto check = [this, &next](int t) {
     if (At(t).neighbor[kOpposite] == kNone) return;

@@ -18,9 +18,11 @@ namespace orvalix {
 /// circle is empty again.
 ///
 /// It works on a copy of the coordinates, in whole numbers: x and y run from 0 to 2^52 along the
-/// longer side of the points' extent. So every test is exact, it always ends, and the points
-/// themselves are never touched. Points that fall on the same place of that grid count as one: the
-/// first of them to be inserted gets the triangles. Points whose x or y isn't finite take no part.
+/// longer side of the points' extent. So every test is exact and it always ends; and the points
+/// themselves are never touched: there is nothing to restore, neither afterwards, with the rounding
+/// that this would bring, nor when memory runs out. Points that fall on the same place of that grid
+/// count as one: the first of them to be inserted gets the triangles. Points whose x or y isn't
+/// finite take no part.
 class Delaunay {
  public:
   /// No triangle.

@@ -124,8 +124,8 @@ class ORVALIX_API CPolysurface {
   /// triangle. Flat triangles on the border, whose circles are wider than about a hundred times the
   /// extent of the points, may be missing. A closed mesh and one for no points stay as they are.
   ///
-  /// Points keep their coordinates, bit by bit. Coordinates that differ by less than 2^-53 of the
-  /// longer side of the points' extent count as the same. Of points that coincide one gets the
+  /// Points keep their coordinates, bit by bit; the triangles are those of the coordinates rounded
+  /// to 2^-52 of the longer side of the points' extent. Of points that coincide then one gets the
   /// triangles. Points on one line, or all at one place, have no triangles. Points whose x or y
   /// isn't a finite number are left out.
   ///
