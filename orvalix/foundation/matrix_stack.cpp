@@ -65,8 +65,8 @@ void m_xformptonly(const double* point, double* out) {
   const auto& matrix = stack[depth].points;
   std::array<double, 3> sum{};
   for (std::size_t j = 0; j < sum.size(); ++j) {
-    sum[j] = point[0] * matrix[0][j] + point[1] * matrix[1][j] + point[2] * matrix[2][j] +
-             matrix[3][j];
+    sum[j] =
+        point[0] * matrix[0][j] + point[1] * matrix[1][j] + point[2] * matrix[2][j] + matrix[3][j];
   }
   std::copy(sum.begin(), sum.end(), out);
 }

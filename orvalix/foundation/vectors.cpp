@@ -83,7 +83,9 @@ void perpnorm(const double* a, const double* b, const double* c, double* out) {
   Store(normal, out);
 }
 
-long samepoint(const double* a, const double* b) { return std::equal(a, a + kDimensions, b) ? 1 : 0; }
+long samepoint(const double* a, const double* b) {
+  return std::equal(a, a + kDimensions, b) ? 1 : 0;
+}
 
 void identifymat3(double matrix[3][3]) {
   for (std::size_t i = 0; i < kDimensions; ++i) {

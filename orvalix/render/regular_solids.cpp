@@ -20,9 +20,8 @@ struct Solid {
   std::array<std::array<std::size_t, Corners>, Faces> faces;
 };
 
-constexpr Solid<4, 4, 3> kTetrahedron{
-    {{{1, 1, 1}, {1, -1, -1}, {-1, 1, -1}, {-1, -1, 1}}},
-    {{{0, 1, 2}, {0, 2, 3}, {0, 3, 1}, {1, 3, 2}}}};
+constexpr Solid<4, 4, 3> kTetrahedron{{{{1, 1, 1}, {1, -1, -1}, {-1, 1, -1}, {-1, -1, 1}}},
+                                      {{{0, 1, 2}, {0, 2, 3}, {0, 3, 1}, {1, 3, 2}}}};
 
 constexpr Solid<6, 8, 3> kOctahedron{
     {{{1, 0, 0}, {-1, 0, 0}, {0, 1, 0}, {0, -1, 0}, {0, 0, 1}, {0, 0, -1}}},
@@ -44,34 +43,19 @@ constexpr Solid<12, 20, 3> kIcosahedron{
       {-kGolden, 1, 0},
       {kGolden, -1, 0},
       {-kGolden, -1, 0}}},
-    {{{0, 1, 4},  {0, 4, 9},  {9, 4, 5},  {4, 8, 5},   {4, 1, 8},  {8, 1, 10}, {8, 10, 3},
-      {5, 8, 3},  {5, 3, 2},  {2, 3, 7},  {7, 3, 10},  {7, 10, 6}, {7, 6, 11}, {11, 6, 0},
-      {0, 6, 1},  {6, 10, 1}, {9, 11, 0}, {9, 2, 11},  {9, 5, 2},  {7, 11, 2}}}};
+    {{{0, 1, 4}, {0, 4, 9},  {9, 4, 5},  {4, 8, 5},  {4, 1, 8},  {8, 1, 10}, {8, 10, 3},
+      {5, 8, 3}, {5, 3, 2},  {2, 3, 7},  {7, 3, 10}, {7, 10, 6}, {7, 6, 11}, {11, 6, 0},
+      {0, 6, 1}, {6, 10, 1}, {9, 11, 0}, {9, 2, 11}, {9, 5, 2},  {7, 11, 2}}}};
 
 /// The eight corners of a cube and the twelve ends of three rectangles through it.
 constexpr double kLong = kGolden;
 constexpr double kShort = 1.0 / kGolden;
 constexpr Solid<20, 12, 5> kDodecahedron{
-    {{{1, 1, 1},
-      {1, 1, -1},
-      {1, -1, 1},
-      {1, -1, -1},
-      {-1, 1, 1},
-      {-1, 1, -1},
-      {-1, -1, 1},
-      {-1, -1, -1},
-      {0, kShort, kLong},
-      {0, kShort, -kLong},
-      {0, -kShort, kLong},
-      {0, -kShort, -kLong},
-      {kShort, kLong, 0},
-      {kShort, -kLong, 0},
-      {-kShort, kLong, 0},
-      {-kShort, -kLong, 0},
-      {kLong, 0, kShort},
-      {kLong, 0, -kShort},
-      {-kLong, 0, kShort},
-      {-kLong, 0, -kShort}}},
+    {{{1, 1, 1},          {1, 1, -1},          {1, -1, 1},          {1, -1, -1},
+      {-1, 1, 1},         {-1, 1, -1},         {-1, -1, 1},         {-1, -1, -1},
+      {0, kShort, kLong}, {0, kShort, -kLong}, {0, -kShort, kLong}, {0, -kShort, -kLong},
+      {kShort, kLong, 0}, {kShort, -kLong, 0}, {-kShort, kLong, 0}, {-kShort, -kLong, 0},
+      {kLong, 0, kShort}, {kLong, 0, -kShort}, {-kLong, 0, kShort}, {-kLong, 0, -kShort}}},
     {{{0, 8, 10, 2, 16},
       {0, 16, 17, 1, 12},
       {0, 12, 14, 4, 8},

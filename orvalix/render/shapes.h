@@ -29,7 +29,8 @@ ORVALIX_API void auxWireTorus(double innerRadius, double outerRadius);
 ORVALIX_API void auxSolidCylinder(double radius, double height);
 ORVALIX_API void auxWireCylinder(double radius, double height);
 
-/// An open cone about the z axis of 15 slices and 10 stacks: its base at z = 0, its tip at `height`.
+/// An open cone about the z axis of 15 slices and 10 stacks: its base at z = 0, its tip at
+/// `height`.
 ORVALIX_API void auxSolidCone(double radius, double height);
 ORVALIX_API void auxWireCone(double radius, double height);
 

@@ -70,4 +70,44 @@ void BuildEarthquakesScene(CChartView3D& view, const std::string& dataFolder) {
   }
 }
 
+void BuildEarthquakeDepthScene(CChartView3D& view, const std::string& dataFolder) {
+  const CsvTable table(dataFolder + "/earthquakes.csv");
+  const std::vector<double> longitude = table.Column("longitude");
+  const std::vector<double> latitude = table.Column("latitude");
+  const std::vector<double> depth = table.Column("depth_km");
+  constexpr point3Dtype kMin{-156.0, 65.0, -160.0, 0.0};
+  constexpr point3Dtype kMax{-146.0, 58.0, 20.0, 0.0};
+  std::vector<point3Dtype> points;
+  for (std::size_t i = 0; i < depth.size(); ++i) {
+    const bool inside = longitude[i] > kMin.x && longitude[i] < kMax.x && latitude[i] < kMin.y &&
+                        latitude[i] > kMax.y && -depth[i] > kMin.z;
+    if (inside) points.push_back({longitude[i], latitude[i], -depth[i], 0.0});
+  }
+  CPolysurface surface(points.data(), 0, static_cast<int>(points.size()));
+  surface.DelaunaySurface(1);
+  for (int polygon = 0; polygon < surface.GetPSNumPolygons(); ++polygon) {
+    const RGBDType color = RampColor({{0.96, 0.84, 0.50, 1.0},
+                                      {0.86, 0.50, 0.28, 1.0},
+                                      {0.56, 0.24, 0.34, 1.0},
+                                      {0.24, 0.14, 0.36, 1.0}},
+                                     surface.GetPSPMean(polygon, 2) / kMin.z);
+    surface.SetPolysurfaceColors(polygon, color, kDark);
+  }
+
+  constexpr Placement kPlacement{.rect = {0.56, 0.52, 0.46, 0.0},
+                                 .offset = {0.0, 0.0, 0.0, 0.0},
+                                 .rotate = {-36.0, 0.0, 18.0, 0.0}};
+  const StyledChart styled =
+      AddChart(view, kMin, kMax, "Depth of earthquakes under Alaska, triangulated", kPlacement);
+  styled.chart->GetHeader()->SetFooter("U.S. Geological Survey");
+  styled.chart->GetHeader()->GetFooterObj()->SetCharSize(0.7);
+  SetAxisTitles(*styled.axes, "longitude", "latitude", "km");
+  styled.chart->NewChartObj(styled.transform)->PolysurfaceChart3D(&surface);
+  const std::array<double, 5> depths{-100.0, -80.0, -60.0, -40.0, -20.0};
+  const std::vector<RGBDType> colors(depths.size() + 1, RGBDType{0.20, 0.35, 0.55, 1.0});
+  styled.chart->NewChartObj(styled.transform)
+      ->ContourPolysurface3D(&surface, depths.data(), colors.data(),
+                             static_cast<int>(depths.size()), kMin.z + 1.0, 0);
+}
+
 }  // namespace orvalix
