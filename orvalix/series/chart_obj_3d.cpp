@@ -17,6 +17,24 @@ constexpr int kColorByValue = 2;
 /// From so many points on, gaps between them would take too much of what they show.
 constexpr int kPointsWithoutGap = 200;
 
+/// Switches off at the end of a drawing, even one that fails, what must not reach the next one.
+class SwitchedOffAfterwards {
+ public:
+  SwitchedOffAfterwards(COpenGL& context, CTransform3D& transform)
+      : m_context(context), m_transform(transform) {}
+  ~SwitchedOffAfterwards() {
+    m_transform.SetClipping(0);
+    m_context.SetPolygonOutlineMode(0);
+    m_context.EnableTexture(0);
+  }
+  SwitchedOffAfterwards(const SwitchedOffAfterwards&) = delete;
+  SwitchedOffAfterwards& operator=(const SwitchedOffAfterwards&) = delete;
+
+ private:
+  COpenGL& m_context;
+  CTransform3D& m_transform;
+};
+
 }  // namespace
 
 int CChartObj3D::nSelfID = 0;
@@ -92,16 +110,7 @@ void CChartObj3D::InitChartObj3D(COpenGL* context, CTransform3D* transform) {
 
 void CChartObj3D::DrawChartObj() {
   if (m_enable == 0 || m_openGL == nullptr || m_transform == nullptr) return;
-  // Also when drawing fails: what is drawn next doesn't expect the rest of this.
-  struct Restore {
-    COpenGL& openGL;
-    CTransform3D& transform;
-    ~Restore() {
-      transform.SetClipping(0);
-      openGL.SetPolygonOutlineMode(0);
-      openGL.EnableTexture(0);
-    }
-  } const restore{*m_openGL, *m_transform};
+  const SwitchedOffAfterwards guard(*m_openGL, *m_transform);
   m_openGL->SetPolygonOutlineMode(m_outlineMode);
   m_transform->ChartTransform();
   m_openGL->SetColorMode(m_colorMode);
