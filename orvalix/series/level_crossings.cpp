@@ -10,8 +10,13 @@
 namespace orvalix {
 namespace {
 
-/// Crossings per polygon, and per height, for which there is memory in any case.
+/// Crossings for which there is memory in any case: per polygon, and of small meshes.
 constexpr std::size_t kCrossingsPerPolygon = 4;
+constexpr std::size_t kLeastCrossings = std::size_t{1} << 14;
+
+/// Heights of one pass over a small mesh at most. Over a larger one there are at most as many as
+/// polygons, so that sorting them takes no longer than the pass.
+constexpr std::size_t kLeastLevels = std::size_t{1} << 10;
 
 /// The vertices of a polygon, and the first one again.
 using Vertices = std::array<point3Dtype, 256>;
@@ -34,11 +39,11 @@ bool CheckForPolyContour3D(const Vertices& vertices, int count, double level,
 
 }  // namespace
 
-LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const double> levels)
-    : m_lists(levels.size()) {
+LevelCrossings::LevelCrossings(const CPolysurface& surface, std::span<const double> levels) {
   const int polygons = surface.GetPSNumPolygons();
-  const std::size_t most =
-      kCrossingsPerPolygon * (static_cast<std::size_t>(polygons) + levels.size());
+  const auto size = static_cast<std::size_t>(polygons);
+  const std::size_t most = std::max(kCrossingsPerPolygon * size, kLeastCrossings);
+  m_lists.resize(std::min(levels.size(), std::max(size, kLeastLevels)));
   SortLevels(levels);
   for (int polygon = 0; polygon < polygons; ++polygon) {
     double lowest = 0.0;

@@ -20,8 +20,9 @@ struct LevelCrossing {
 /// For each of several heights the polygons that it crosses, in ascending order.
 ///
 /// Looking through the mesh once for each height costs more than following the lines. What one pass
-/// finds takes memory, though; where there are so many crossings that they need much more than the
-/// mesh itself, there are lists for the first few heights only, and the rest need another pass.
+/// finds takes memory, though; where there are so many heights or crossings that they need much
+/// more than the mesh itself, there are lists for the first heights only, and the rest need another
+/// pass.
 class LevelCrossings {
  public:
   /// @param levels heights in any order; undefined ones cross nothing
