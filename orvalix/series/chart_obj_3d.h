@@ -270,7 +270,9 @@ class ORVALIX_API CChartObj3D {
   /// @param surface copied; null leaves what was there. Lines follow the mesh through the
   ///   neighbours of its polygons; without them they are drawn piece by piece.
   /// @param values numContours heights, copied
-  /// @param colors numContours + 1 colours, copied; line k has colour k
+  /// @param colors numContours + 1 colours, copied; line k has colour k. Lines without one have
+  /// that
+  ///   of the outlines.
   /// @param constant height of the plane on which the lines lie
   /// @param labelFlag only stored
   /// @throws CErr3D also type 10, class 5, "InitPolysurfaceStorage" for what never was an open mesh

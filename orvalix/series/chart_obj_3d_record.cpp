@@ -22,20 +22,22 @@ std::int64_t StoredCount(const std::vector<T>& storage, int count) {
   return Record::kReading ? count : CountIn(storage, count);
 }
 
-/// The next `count` elements of a record are those of `storage`; where it is shorter, zeros.
+/// The next `count` elements of a record are those of `storage`; where it is shorter, `filler`.
 template <class T>
-void RecordArray(orvalix::RecordWriter& record, const std::vector<T>& storage, std::int64_t count) {
+void RecordArray(orvalix::RecordWriter& record, const std::vector<T>& storage, std::int64_t count,
+                 const T& filler = T{}) {
   if (count <= static_cast<std::int64_t>(storage.size())) {
     record.Array(storage, count);
     return;
   }
   std::vector<T> padded(storage);
-  padded.resize(static_cast<std::size_t>(count), T{});
+  padded.resize(static_cast<std::size_t>(count), filler);
   record.Array(padded, count);
 }
 
 template <class T>
-void RecordArray(orvalix::RecordReader& record, std::vector<T>& storage, std::int64_t count) {
+void RecordArray(orvalix::RecordReader& record, std::vector<T>& storage, std::int64_t count,
+                 const T& = T{}) {
   record.Array(storage, count);
 }
 
@@ -182,7 +184,8 @@ void CChartObj3D::RecordSurface(Record& record, Self& self) {
   const std::int64_t contours = Record::kReading ? self.m_numContours : self.ContoursToSave();
   if (contours == 0) return;
   RecordArray(record, self.m_indData, contours);
-  RecordArray(record, self.m_segmentColors, contours + 1);
+  // Contours without a colour are drawn in that of the outlines.
+  RecordArray(record, self.m_segmentColors, contours + 1, self.m_outlineColor);
   // Kept: the values took the place of a series' points, of which there are none then.
   if constexpr (Record::kReading) self.m_numDataPnts = 0;
 }
