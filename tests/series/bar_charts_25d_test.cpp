@@ -6,102 +6,24 @@
 #include <utility>
 #include <vector>
 
-#include "orvalix/foundation/colors.h"
-#include "orvalix/foundation/points.h"
-#include "orvalix/render/gl_api_internal.h"
-#include "orvalix/render/transform_3d.h"
-#include "orvalix/series/chart_obj_3d.h"
-#include "support/feedback.h"
-#include "support/offscreen.h"
+#include "series/series_fixture.h"
 
 namespace {
 
-using orvalix::test::CaptureFeedback;
 using orvalix::test::FeedbackPrimitive;
 using orvalix::test::FeedbackVertex;
-using orvalix::test::Offscreen;
 using Kind = FeedbackPrimitive::Kind;
 
-/// A box in working coordinates.
-struct Box {
-  double x, y, z, dx, dy, dz;
-};
-
-class BarChart25D : public ::testing::Test {
+class BarChart25D : public orvalix::test::SeriesTest {
  protected:
-  BarChart25D()
-      : target(200, 200),
-        transform(target.gl.get(), {0, 0, 0, 0}, {10, 10, 10, 0}),
-        bars(target.gl.get(), &transform) {}
-
   void SetUpBars(std::vector<double> ind, std::vector<double> dep, double base = 0.0,
                  int indJustify = 0, int constJustify = 0, int indAxis = 0) {
     bars.BarChart25D(ind.data(), dep.data(), base, 4.0, static_cast<int>(ind.size()), 2.0, 3.0, red,
                      blue, indJustify, constJustify, indAxis);
-    bars.SetColorMode(0);
-    bars.SetOutlineMode(0);
+    Plain();
   }
 
-  std::vector<FeedbackPrimitive> Drawn() {
-    target.gl->LoadIdentity();  // as a chart does before each frame
-    return CaptureFeedback([&] { bars.DrawChartObj(); });
-  }
-
-  /// Where a point of working space lies in the window: the default box spans its middle half, z
-  /// points up and larger y is nearer.
-  FeedbackVertex Window(double x, double y, double z) const {
-    point3Dtype min;
-    point3Dtype max;
-    transform.GetWorkingScale(min, max);
-    const auto normalized = [](double value, double low, double high) {
-      return ((value - low) * 2.0 / (high - low) - 1.0) * 0.5;
-    };
-    FeedbackVertex vertex{};
-    vertex.x = (normalized(x, min.x, max.x) + 1.0) * 100.0;
-    vertex.y = (normalized(z, min.z, max.z) + 1.0) * 100.0;
-    vertex.z = (1.0 - normalized(y, min.y, max.y)) / 2.0;
-    return vertex;
-  }
-
-  /// Expects six faces, from `first` on, of each box in turn.
-  void ExpectBoxes(const std::vector<FeedbackPrimitive>& drawn, const std::vector<Box>& boxes) {
-    constexpr std::array<std::array<std::size_t, 4>, 6> kFaces{
-        {{0, 3, 7, 4}, {1, 5, 6, 2}, {0, 4, 5, 1}, {3, 2, 6, 7}, {0, 1, 2, 3}, {4, 7, 6, 5}}};
-    ASSERT_EQ(drawn.size(), boxes.size() * 6);
-    for (std::size_t b = 0; b < boxes.size(); ++b) {
-      const Box& box = boxes[b];
-      std::vector<FeedbackVertex> corners;
-      for (const double z : {box.z, box.z + box.dz}) {
-        corners.push_back(Window(box.x, box.y, z));
-        corners.push_back(Window(box.x, box.y + box.dy, z));
-        corners.push_back(Window(box.x + box.dx, box.y + box.dy, z));
-        corners.push_back(Window(box.x + box.dx, box.y, z));
-      }
-      for (std::size_t face = 0; face < 6; ++face) {
-        const auto& vertices = drawn[6 * b + face].vertices;
-        ASSERT_EQ(vertices.size(), 5U) << "bar " << b << ", face " << face;
-        for (std::size_t i = 0; i < 5; ++i) {
-          const FeedbackVertex& expected = corners[kFaces[face][i % 4]];
-          EXPECT_NEAR(vertices[i].x, expected.x, 1e-2) << b << ' ' << face << ' ' << i;
-          EXPECT_NEAR(vertices[i].y, expected.y, 1e-2) << b << ' ' << face << ' ' << i;
-          EXPECT_NEAR(vertices[i].z, expected.z, 1e-5) << b << ' ' << face << ' ' << i;
-        }
-      }
-    }
-  }
-
-  static void ExpectColor(const FeedbackPrimitive& primitive, const RGBDType& color) {
-    EXPECT_NEAR(primitive.vertices[0].red, color.red, 1e-6);
-    EXPECT_NEAR(primitive.vertices[0].green, color.green, 1e-6);
-    EXPECT_NEAR(primitive.vertices[0].blue, color.blue, 1e-6);
-  }
-
-  const RGBDType red = SetRGBD(1, 0, 0, 1);
-  const RGBDType green = SetRGBD(0, 1, 0, 1);
-  const RGBDType blue = SetRGBD(0, 0, 1, 1);
-  Offscreen target;
-  CTransform3D transform;
-  CChartObj3D bars;
+  CChartObj3D& bars = series;
 };
 
 TEST_F(BarChart25D, SetUpStoresItsArguments) {
