@@ -127,7 +127,8 @@ void CChartObj3D::DrawGroupAreaFillChart25D() {
 }
 
 void CChartObj3D::DrawLayer(const AreaEnd& a, const AreaEnd& b, RGBDType const& fill) {
-  // The gap is taken from the far end, but never more than there is.
+  // The gap is taken from the far end, but never more than there is; on an inverted axis it comes
+  // with the sign of the working range.
   const double gap = std::min(std::abs(AreaGap()), std::abs(b.ind - a.ind));
   const double end = b.ind - std::copysign(gap, b.ind - a.ind);
   const double thicknessA = a.top - a.bottom;
