@@ -29,6 +29,7 @@ void CChartObj3D::DrawGroupBarChart25D() {
         const double to = m_transform->CVTWS(2, sum);
         DrawGroupBar(m_indData[i], m_indWidth, std::min(from, to), std::abs(to - from), g);
       } else {
+        // Groups without values keep their slots.
         const double slot = m_indWidth / static_cast<double>(m_numGroups);
         DrawGroupBar(m_indData[i] + static_cast<double>(g) * slot, slot,
                      m_transform->CVTWS(2, m_baseValue), std::abs(m_transform->CVTWS(2, value)), g);
