@@ -133,7 +133,10 @@ void CChartObj3D::DrawLayer(const AreaEnd& a, const AreaEnd& b, RGBDType const& 
   const double end = b.ind - std::copysign(gap, b.ind - a.ind);
   const double thicknessA = a.top - a.bottom;
   const double thicknessB = b.top - b.bottom;
-  if ((thicknessA < 0.0) == (thicknessB < 0.0) || thicknessA == 0.0 || thicknessB == 0.0) {
+  // Rows that leave for infinity cross nowhere.
+  const bool cross = std::isfinite(thicknessA) && std::isfinite(thicknessB) && thicknessA != 0.0 &&
+                     thicknessB != 0.0 && (thicknessA < 0.0) != (thicknessB < 0.0);
+  if (!cross) {
     DrawUpright(a, {end, b.bottom, b.top}, fill);
     return;
   }
