@@ -18,31 +18,29 @@ class BarChart25D : public orvalix::test::SeriesTest {
  protected:
   void SetUpBars(std::vector<double> ind, std::vector<double> dep, double base = 0.0,
                  int indJustify = 0, int constJustify = 0, int indAxis = 0) {
-    bars.BarChart25D(ind.data(), dep.data(), base, 4.0, static_cast<int>(ind.size()), 2.0, 3.0, red,
-                     blue, indJustify, constJustify, indAxis);
+    series.BarChart25D(ind.data(), dep.data(), base, 4.0, static_cast<int>(ind.size()), 2.0, 3.0,
+                       red, blue, indJustify, constJustify, indAxis);
     Plain();
   }
-
-  CChartObj3D& bars = series;
 };
 
 TEST_F(BarChart25D, SetUpStoresItsArguments) {
   std::array<double, 2> ind{1, 2};
   std::array<double, 2> dep{3, 4};
-  bars.BarChart25D(ind.data(), dep.data(), 0.5, 1.5, 2, 2.5, 3.5, red, blue, 1, 2, 1);
-  EXPECT_EQ(bars.GetChartType(), 2);
-  EXPECT_EQ(bars.GetNumDataPnts(), 2);
-  EXPECT_EQ(bars.GetIndData(1), 2.0);
-  EXPECT_EQ(bars.GetDepData(1), 4.0);
-  EXPECT_EQ(bars.GetBaseValue(), 0.5);
-  EXPECT_EQ(bars.GetConstValue(), 1.5);
-  EXPECT_EQ(bars.GetIndWidth(), 2.5);
-  EXPECT_EQ(bars.GetConstWidth(), 3.5);
-  EXPECT_EQ(bars.GetFillColor().red, 1.0);
-  EXPECT_EQ(bars.GetOutlineColor().blue, 1.0);
-  EXPECT_EQ(bars.GetIndJustify(), 1);
-  EXPECT_EQ(bars.GetConstJustify(), 2);
-  EXPECT_EQ(bars.GetIndAxis(), 1);
+  series.BarChart25D(ind.data(), dep.data(), 0.5, 1.5, 2, 2.5, 3.5, red, blue, 1, 2, 1);
+  EXPECT_EQ(series.GetChartType(), 2);
+  EXPECT_EQ(series.GetNumDataPnts(), 2);
+  EXPECT_EQ(series.GetIndData(1), 2.0);
+  EXPECT_EQ(series.GetDepData(1), 4.0);
+  EXPECT_EQ(series.GetBaseValue(), 0.5);
+  EXPECT_EQ(series.GetConstValue(), 1.5);
+  EXPECT_EQ(series.GetIndWidth(), 2.5);
+  EXPECT_EQ(series.GetConstWidth(), 3.5);
+  EXPECT_EQ(series.GetFillColor().red, 1.0);
+  EXPECT_EQ(series.GetOutlineColor().blue, 1.0);
+  EXPECT_EQ(series.GetIndJustify(), 1);
+  EXPECT_EQ(series.GetConstJustify(), 2);
+  EXPECT_EQ(series.GetIndAxis(), 1);
 }
 
 TEST_F(BarChart25D, BarsStandOnTheBaseValue) {
@@ -84,12 +82,12 @@ TEST_F(BarChart25D, JustificationsMoveTheBars) {
 TEST_F(BarChart25D, SegmentsHaveTheirOwnColors) {
   SetUpBars({1, 4}, {5, 8});
   const std::array<RGBDType, 2> colors{green, blue};
-  bars.InitSegmentColorsStorage(colors.data());
+  series.InitSegmentColorsStorage(colors.data());
   auto drawn = Drawn();
   ASSERT_EQ(drawn.size(), 12U);
   ExpectColor(drawn[0], green);
   ExpectColor(drawn[6], blue);
-  bars.DeleteSegmentColorsStorage();  // the mode stays, the colours are gone
+  series.DeleteSegmentColorsStorage();  // the mode stays, the colours are gone
   drawn = Drawn();
   ASSERT_EQ(drawn.size(), 12U);
   ExpectColor(drawn[0], red);
@@ -97,8 +95,8 @@ TEST_F(BarChart25D, SegmentsHaveTheirOwnColors) {
 
 TEST_F(BarChart25D, OutlinesHaveColorAndWidth) {
   SetUpBars({1}, {5});
-  bars.SetOutlineMode(1);
-  bars.SetOutlineWidth(3.0);
+  series.SetOutlineMode(1);
+  series.SetOutlineWidth(3.0);
   const auto drawn = Drawn();
   ASSERT_EQ(drawn.size(), 6U * 5U);  // each face is followed by its four edges
   std::vector<FeedbackPrimitive> frames;
@@ -128,7 +126,7 @@ TEST_F(BarChart25D, OutlinesHaveColorAndWidth) {
 TEST_F(BarChart25D, AreLitByDefault) {
   std::array<double, 1> ind{1};
   std::array<double, 1> dep{5};
-  bars.BarChart25D(ind.data(), dep.data(), 0, 4, 1, 2, 3, red, blue, 0, 0, 0);
+  series.BarChart25D(ind.data(), dep.data(), 0, 4, 1, 2, 3, red, blue, 0, 0, 0);
   Drawn();
   EXPECT_EQ(target.gl->GetColorMode(), 1);
 }
@@ -160,12 +158,12 @@ TEST_F(BarChart25D, FewOrNoPoints) {
   EXPECT_TRUE(Drawn().empty());
   SetUpBars({5}, {5});
   EXPECT_EQ(Drawn().size(), 6U);
-  bars.SetNumDataPnts(1000000);  // more than the arrays hold
+  series.SetNumDataPnts(1000000);  // more than the arrays hold
   EXPECT_EQ(Drawn().size(), 6U);
-  bars.SetNumDataPnts(-1);
+  series.SetNumDataPnts(-1);
   EXPECT_TRUE(Drawn().empty());
-  bars.SetNumDataPnts(1);
-  bars.DeleteDepDataStorage();
+  series.SetNumDataPnts(1);
+  series.DeleteDepDataStorage();
   EXPECT_TRUE(Drawn().empty());
 }
 
@@ -185,7 +183,7 @@ TEST_F(BarChart25D, AttributesWithoutAPlaceDrawNothing) {
     for (const double value :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
       SetUpBars({1, 4}, {5, 8});
-      (bars.*set)(value);
+      (series.*set)(value);
       EXPECT_TRUE(Drawn().empty());
     }
   }
@@ -208,7 +206,7 @@ std::pair<double, double> RangeOf(const std::vector<FeedbackPrimitive>& drawn) {
 TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
   SetUpBars({1}, {12});
   EXPECT_NEAR(RangeOf(Drawn()).second, 170.0, 0.01);
-  bars.SetClipping(1);
+  series.SetClipping(1);
   auto drawn = Drawn();
   ASSERT_FALSE(drawn.empty());
   EXPECT_NEAR(RangeOf(drawn).first, 50.12, 0.01);
@@ -223,7 +221,7 @@ TEST_F(BarChart25D, ClippedToTheScaleWhenAsked) {
 
 TEST_F(BarChart25D, ClippingLeavesWhatIsInside) {
   SetUpBars({1, 4}, {5, 8}, 2.0);
-  bars.SetClipping(1);
+  series.SetClipping(1);
   ExpectBoxes(Drawn(), {{1, 4, 2, 2, 3, 3}, {4, 4, 2, 2, 3, 6}});
 }
 
