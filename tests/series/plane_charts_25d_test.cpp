@@ -86,6 +86,15 @@ TEST_F(PlaneChart25D, LogarithmicFootprintsAreConverted) {
   ExpectBoxes(Drawn(), {{4, 2, 5, 0, 3, 0.2}});
 }
 
+TEST_F(PlaneChart25D, EachExtentIsConvertedByItsOwnAxis) {
+  SetLogScale(1, 1, 1e6);
+  SetUpWidePlanes({4}, {5}, 100, 2, 1000);
+  ExpectBoxes(Drawn(), {{4, 2, 5, 2, 3, 0.2}});
+  // Along y it is the independent one that is converted.
+  SetUpWidePlanes({1e4}, {5}, 4, 10, 3, 0, 0, 1);
+  ExpectBoxes(Drawn(), {{4, 4, 5, 3, 1, 0.2}});
+}
+
 TEST_F(PlaneChart25D, LogarithmicThicknessIsAShareOfTheDecades) {
   SetLogScale(2, 1, 1000);
   SetUpPlanes({1}, {100});
