@@ -8,6 +8,7 @@
 #include "chart/view_fixture.h"
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/axes/axis_labels_3d.h"
+#include "orvalix/surface/polysurface.h"
 #include "support/caught_error.h"
 
 namespace {
@@ -322,6 +323,18 @@ TEST_F(AutoScale, OfSeveralSeries) {
               {1e100, 1e100, 1e100, 0}, {1e-100, 1e-100, 1e-100, 0});
   ExpectScale(chart->AutoTransformN25D(x.data(), y.data(), counts.data(), 0, 1.0, 0, 1),
               {1e100, 1e100, 1e100, 0}, {1e-100, 1e-100, 1e-100, 0});
+}
+
+TEST_F(AutoScale, OfTheRealPointsOfASurface) {
+  const std::vector<point3Dtype> points{{4, 12, 20, 0}, {60, 40, 35, 0}, {30, 20, 25, 0}};
+  CPolysurface surface(points.data(), 0, 3);
+  surface.SetOnePolysurfacePoint(4, {-1e6, 1e6, 1e6, 0});  // a spare one
+  ExpectScale(chart->AutoTransformPolysurface(&surface, 1), {0, 10, 19, 0}, {65, 42, 36, 0});
+  ExpectScale(chart->AutoTransformPolysurface(&surface, 0), {0, 10, 15, 0}, {80, 50, 40, 0});
+  for (const CPolysurface& empty : {CPolysurface(), CPolysurface(0, 0, 0)}) {
+    ExpectScale(chart->AutoTransformPolysurface(&empty, 1), {0, 0, 0, 0}, {10.5, 10.5, 10.5, 0});
+  }
+  ExpectScale(chart->AutoTransformPolysurface(nullptr, 1), {0, 0, 0, 0}, {10.5, 10.5, 10.5, 0});
 }
 
 TEST_F(AutoScale, OfGroupsSideBySide) {

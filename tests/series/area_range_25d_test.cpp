@@ -179,6 +179,14 @@ TEST_F(AreaRange25D, LogarithmicAxes) {
   ExpectSolids(FacesFromEdges(Drawn()), {AreaSolid({1, 0, 2}, {3, 1, 3}, 1, 2)});
 }
 
+// In working coordinates, in which edges are straight, 0 to 2 and 2 to 0 meet half way at 1: at 10.
+TEST_F(AreaRange25D, RowsMeetWhereTheirEdgesDo) {
+  SetLogScale(2, 1, 1000);
+  SetUpRange({2, 6}, {1, 100}, {100, 1});
+  ExpectSolids(Drawn(),
+               {AreaSolid({2, 0, 2}, {4, 1, 1}, 4, 7), AreaSolid({4, 1, 1}, {6, 0, 2}, 4, 7)});
+}
+
 TEST_F(AreaRange25D, SegmentColorsAreThoseOfThePieces) {
   SetUpRange({1, 4, 9}, {2, 8, 7}, {6, 4, 1});
   series.InitSegmentColorsStorage(std::array{yellow, green, cyan}.data());

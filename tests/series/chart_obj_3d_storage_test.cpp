@@ -291,4 +291,30 @@ TEST(ChartObjStorageFailure, ImpossibleSizesAreRefused) {
             (CaughtError{2, 5, "InitGroupDataStorage"}));
 }
 
+TEST(ChartObjCopies, ReportMemoryThatRunsOut) {
+  CChartObj3D source;
+  const std::array<double, 2> values{1, 2};
+  source.SetNumDataPnts(2);
+  source.InitIndDataStorage(values.data());
+  source.InitDepDataStorage(values.data());
+  CChartObj3D target;
+  target.SetBaseValue(5.0);
+  int errors = 0;
+  const int failures = orvalix::test::FailEachAllocation([&] {
+    const auto caught = Catch([&] { target = source; });
+    if (caught == orvalix::test::kNoError) return;
+    ++errors;
+    EXPECT_EQ(caught, (CaughtError{2, 5, "operator="}));
+    EXPECT_EQ(target.GetBaseValue(), 5.0);
+    EXPECT_EQ(target.GetNumDataPnts(), 0);
+  });
+  EXPECT_EQ(failures, 2);
+  EXPECT_EQ(errors, failures);
+  EXPECT_EQ(target.GetDepData(1), 2.0);
+  const int counted = CChartObj3D::nSelfID;
+  const CChartObj3D copy(target);
+  EXPECT_EQ(copy.GetIndData(1), 2.0);
+  EXPECT_EQ(CChartObj3D::nSelfID, counted);
+}
+
 }  // namespace

@@ -168,8 +168,23 @@ TEST_F(GroupBars25D, RowsArePlacedByTheNumberOfPoints) {
 TEST_F(GroupBars25D, GroupsWithoutAColorHaveThatOfTheSeries) {
   SetUpGroups({1}, {3, 4}, kStacked);
   series.SetFillColor(cyan);
+  series.SetNumGroups(1);
+  series.InitGroupColorsStorage(&yellow);
+  series.SetNumGroups(2);
+  ExpectSolidColors(Drawn(), {yellow, cyan});
+}
+
+TEST_F(GroupBars25D, NeedColors) {
+  SetUpGroups({1}, {3, 4}, kStacked);
   series.DeleteGroupColorsStorage();
-  ExpectSolidColors(Drawn(), {cyan, cyan});
+  EXPECT_TRUE(Drawn().empty());
+  for (const int type : {CChartObj3D::kGroupRibbonChart25D, CChartObj3D::kGroupAreaFillChart25D}) {
+    SetUpGroups({1, 2}, {3, 4, 5, 6}, kStacked);
+    series.SetChartType(type);
+    EXPECT_FALSE(Drawn().empty());
+    series.DeleteGroupColorsStorage();
+    EXPECT_TRUE(Drawn().empty());
+  }
 }
 
 TEST_F(GroupBars25D, NeedBothArrays) {

@@ -252,8 +252,25 @@ TEST_F(MarketChart25D, NeedsFourRowsAndPlaces) {
 TEST_F(MarketChart25D, PartsWithoutAColorHaveThatOfTheSeries) {
   SetUpMarket(kHigh);
   series.SetFillColor(magenta);
-  series.DeleteGroupColorsStorage();
+  series.SetNumGroups(1);
+  series.InitGroupColorsStorage(&red);
+  series.SetNumGroups(4);
   ExpectSolidColors(Drawn(), {magenta});
+  series.DeleteGroupColorsStorage();
+  EXPECT_TRUE(Drawn().empty());
+}
+
+TEST_F(MarketChart25D, TicsPointToSmallerAndLargerValuesOnEveryAxis) {
+  transform.SetScale({10, 0, 0, 0}, {0, 20, 10, 0});
+  SetUpMarket(kOpen, 0, 0, 0);
+  ExpectLines(Drawn(), {{{5, 4, 3}, {4.5, 4, 3}}});
+  SetUpMarket(kClose, 0, 0, 0);
+  ExpectLines(Drawn(), {{{5, 4, 7}, {5.5, 4, 7}}});
+  transform.SetScale({0, 0, 0, 0}, {10, 20, 10, 0});
+  SetLogScale(0, 1, 1e4);
+  SetUpDays({100}, {3, 8, 2, 7}, kClose.data(), 0, 0, 0);
+  // A twentieth of the four decades.
+  ExpectLines(Drawn(), {{{2, 4, 7}, {2.2, 4, 7}}});
 }
 
 }  // namespace

@@ -391,4 +391,33 @@ TEST_F(PolysurfaceRecord, ReportsMemoryThatRunsOut) {
   });
 }
 
+// A record that ends before it comes to the surface leaves what the series had.
+TEST(ChartObjSurfaceRecord, WhatAShortRecordDoesNotHoldStays) {
+  const std::array<double, 4> heights{1, 2, 3, 4};
+  const CPolysurface mesh(2, 2, 0.0, 0.0, 1.0, 1.0, heights.data(), 1);
+  const std::array<RGBDType, 1> colors{{{1, 0, 0, 1}}};
+  CChartObj3D series;
+  series.PolysurfaceChart3D(&mesh);
+  series.SetNumDataPnts(1);
+  series.InitSegmentColorsStorage(colors.data());
+  series.SetSegmentColorMode(0);
+  const Bytes record = Saved(series);
+  for (const std::size_t length : {std::size_t{0}, std::size_t{100}, std::size_t{300}}) {
+    CChartObj3D loaded = series;
+    LoadFrom(loaded, Bytes(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(length)));
+    EXPECT_EQ(loaded.GetSegmentColorMode(), 0) << length;
+    EXPECT_EQ(loaded.GetPolysurfacePoint(3).z, 4.0) << length;
+  }
+}
+
+TEST(ChartObjSurfaceRecord, ARecordWithoutASurfaceTakesItAway) {
+  const std::array<double, 4> heights{1, 2, 3, 4};
+  const CPolysurface mesh(2, 2, 0.0, 0.0, 1.0, 1.0, heights.data(), 1);
+  CChartObj3D series;
+  const Bytes record = Saved(series);
+  series.PolysurfaceChart3D(&mesh);
+  LoadFrom(series, record);
+  EXPECT_EQ(series.GetPolysurfacePoint(3).z, 0.0);
+}
+
 }  // namespace
