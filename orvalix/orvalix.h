@@ -8,6 +8,8 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/legend_3d.h"
+#include "orvalix/chart/legend_obj_3d.h"
 #include "orvalix/foundation/foundation.h"
 #include "orvalix/host/host.h"
 #include "orvalix/render/aux_obj_3d.h"

@@ -1,13 +1,12 @@
 #include "orvalix/chart/chart_3d.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/viewport_internal.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/instance_count_internal.h"
@@ -18,18 +17,6 @@
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
-
-namespace {
-
-/// A length in pixels rounded towards zero, kept to what an int can hold; 0 when undefined.
-int ToPixels(double length) {
-  if (std::isnan(length)) return 0;
-  constexpr double kLowest = std::numeric_limits<int>::min();
-  constexpr double kHighest = std::numeric_limits<int>::max();
-  return static_cast<int>(std::clamp(length, kLowest, kHighest));
-}
-
-}  // namespace
 
 int CChart3D::nSelfID = 0;
 
@@ -190,10 +177,7 @@ void CChart3D::SetChartPosition(GLViewRType const& position) {
   int width = 0;
   int height = 0;
   m_view->GetViewSize(width, height);
-  GLViewportType viewport;
-  AssignViewport(viewport, ToPixels(width * position.x), ToPixels(height * position.y),
-                 ToPixels(width * position.width), ToPixels(height * position.height));
-  SetChartViewport(viewport);
+  SetChartViewport(orvalix::PixelViewport(position, width, height));
 }
 
 void CChart3D::GetChartPosition(GLViewRType& position) const { position = m_position; }

@@ -4,6 +4,7 @@
 
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/legend_3d.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -38,7 +39,7 @@ CChartView3D::CChartView3D(CWnd* wnd, int width, int height) : CChartView3D() {
 }
 
 CChartView3D::~CChartView3D() {
-  DeleteCharts();
+  DeleteChartViewObjects();
   m_header.reset();
   if (m_openGL) m_openGL->Close();
   m_openGL.reset();
@@ -102,7 +103,24 @@ int CChartView3D::GetNumCharts() const { return m_charts.Count(); }
 
 CChart3D* CChartView3D::GetChart(int index) const { return m_charts.At(index); }
 
+CLegend3D* CChartView3D::NewLegend3D() {
+  return orvalix::WithAllocationErrors(
+      ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTVIEW3D, "NewLegend3D",
+      [this] { return m_legends.Append(std::make_unique<CLegend3D>(this)); });
+}
+
+int CChartView3D::GetNumLegends() const { return m_legends.Count(); }
+
+CLegend3D* CChartView3D::GetLegend(int index) const { return m_legends.At(index); }
+
 void CChartView3D::DeleteCharts() { m_charts.Clear(); }
+
+void CChartView3D::DeleteLegends() { m_legends.Clear(); }
+
+void CChartView3D::DeleteChartViewObjects() {
+  DeleteCharts();
+  DeleteLegends();
+}
 
 void CChartView3D::SetViewBkColor(const RGBDType& color) { m_viewBkColor = color; }
 

@@ -13,6 +13,7 @@ class CAxes3D;
 class CChart3D;
 class CDIBSection;
 class CHeader3D;
+class CLegend3D;
 class COpenGL;
 class CTransform3D;
 
@@ -39,7 +40,7 @@ class ORVALIX_API CChartView3D {
   /// A view with a bitmap of width x height pixels; an extent of 0 makes one pixel.
   /// @throws CErr3D as above
   CChartView3D(CWnd* wnd, int width, int height);
-  /// Deletes the charts, then the context, then the bitmap.
+  /// Deletes the charts and legends, then the context, then the bitmap.
   ~CChartView3D();
   CChartView3D(const CChartView3D&) = delete;
   CChartView3D& operator=(const CChartView3D&) = delete;
@@ -65,6 +66,19 @@ class ORVALIX_API CChartView3D {
   /// Addition: number of charts and the one at `index`, from 0 (null beyond the end).
   int GetNumCharts() const;
   CChart3D* GetChart(int index) const;
+  /// @}
+
+  /// @name Legends
+  /// Drawn over the charts, in the order in which they were made. The view owns them; callers never
+  /// delete them.
+  /// @{
+
+  /// Makes a legend that fills the view: give it a position and entries.
+  /// @throws CErr3D type 3, class 6, "NewLegend3D"
+  CLegend3D* NewLegend3D();
+  /// Addition: number of legends and the one at `index`, from 0 (null beyond the end).
+  int GetNumLegends() const;
+  CLegend3D* GetLegend(int index) const;
   /// @}
 
   /// @name Drawing
@@ -157,11 +171,14 @@ class ORVALIX_API CChartView3D {
   void ActivateBitmap(bool active);
   void DeleteBitmap();
   void DeleteCharts();
+  void DeleteLegends();
+  void DeleteChartViewObjects();
   void DrawToDC(CDC* dc, int x, int y);
   void DrawView();
   void DrawBorder();
   void DrawHeader();
   void DrawCharts();
+  void DrawLegends();
   void RegisterChangedFont();
   void CopyBitmap(CDC* dc, int x, int y, int width, int height);
   void SetViewSizeWindow();
@@ -197,4 +214,5 @@ class ORVALIX_API CChartView3D {
   std::unique_ptr<COpenGL> m_openGL;
   std::unique_ptr<CHeader3D> m_header;
   orvalix::ObjectList<CChart3D> m_charts;
+  orvalix::ObjectList<CLegend3D> m_legends;
 };

@@ -4,6 +4,7 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
@@ -30,6 +31,7 @@ void CChartView3D::InitChartView3D(CDC* dc) {
                                 });
   m_header->InitHeaders(m_openGL.get());
   for (CChart3D* chart : m_charts) chart->InitChart3D(this);
+  for (CLegend3D* legend : m_legends) legend->InitLegend(this);
 }
 
 void CChartView3D::MakeCompatibleDC(CDC* dc) {

@@ -1,6 +1,7 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/legend_3d.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
@@ -8,9 +9,10 @@
 
 namespace {
 
-/// The fewest bytes that a chart's record takes: what a count of charts is held against.
+/// The fewest bytes that the record of a chart or legend takes: what a count of them is held
+/// against.
 constexpr std::size_t kLeastChartBytes = 8000;
-constexpr std::size_t kLeastLegendBytes = 100;
+constexpr std::size_t kLeastLegendBytes = 700;
 
 }  // namespace
 
@@ -33,8 +35,13 @@ void CChartView3D::RecordFields(Record& record, Self& self) {
   } else {
     for (CChart3D* chart : self.m_charts) record.Child(*chart);
   }
-  int legends = 0;
+  int legends = Record::kReading ? 0 : self.m_legends.Count();
   record.Count(legends, kLeastLegendBytes);
+  if constexpr (Record::kReading) {
+    for (int i = 0; i < legends; ++i) record.Child(*self.NewLegend3D());
+  } else {
+    for (CLegend3D* legend : self.m_legends) record.Child(*legend);
+  }
   if constexpr (Record::kReading) {
     if (!self.m_header) self.m_header = std::make_unique<CHeader3D>();
   }
@@ -60,7 +67,7 @@ void CChartView3D::Load(const CString& name) {
   if (!file.Open(name, CFile::modeRead)) {
     orvalix::ThrowError(ERR3D_FILE_OPEN_INPUT, ERR3DCLASS_CHARTVIEW3D, "Load");
   }
-  DeleteCharts();
+  DeleteChartViewObjects();
   m_fontChanged = true;
   orvalix::LoadRecord(file.m_hFile, ERR3DCLASS_CHARTVIEW3D,
                       [this](auto& record) { RecordFields(record, *this); });

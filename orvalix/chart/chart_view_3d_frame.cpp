@@ -2,6 +2,7 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -83,6 +84,7 @@ void CChartView3D::DrawView() {
   if (m_fontChanged) RegisterChangedFont();
   DrawHeader();
   if (!m_charts.IsEmpty()) DrawCharts();
+  if (!m_legends.IsEmpty()) DrawLegends();
   m_openGL->Flush();
   m_openGL->UpdateBitmap(m_viewWidth, m_viewHeight);
 }
@@ -106,5 +108,10 @@ void CChartView3D::DrawHeader() {
 
 void CChartView3D::DrawCharts() {
   for (CChart3D* chart : m_charts) chart->DrawChart();
+  m_openGL->Flush();
+}
+
+void CChartView3D::DrawLegends() {
+  for (CLegend3D* legend : m_legends) legend->DrawLegend();
   m_openGL->Flush();
 }

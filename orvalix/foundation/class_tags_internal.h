@@ -17,6 +17,7 @@ inline constexpr int kChartViewTag = 707;
 inline constexpr int kFontTag = 1111;
 inline constexpr int kHeaderTag = 1212;
 inline constexpr int kPolysurfaceTag = 1414;
+inline constexpr int kLegendTag = 1313;  ///< of legends and of their entries
 inline constexpr int kTextObjTag = 1515;
 inline constexpr int kTransformTag = 1616;
 inline constexpr int kOpenGLTag = 1717;

@@ -1,0 +1,12 @@
+/// @file
+/// From fractions of a view to its pixels.
+#pragma once
+
+#include "orvalix/foundation/value_types.h"
+
+namespace orvalix {
+
+/// The rectangle in pixels of a view of that size, rounded down; 0 for what isn't a number.
+GLViewportType PixelViewport(const GLViewRType& position, int viewWidth, int viewHeight);
+
+}  // namespace orvalix
