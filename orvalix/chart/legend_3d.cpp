@@ -101,12 +101,13 @@ void CLegend3D::Bind() {
 }
 
 CLegendObj3D* CLegend3D::NewLegendObj() {
-  return orvalix::WithAllocationErrors(
-      ERR3D_OBJECT_NEW, ERR3DCLASS_LEGEND3D, "NewLegendObj", [this] {
-        auto entry = std::make_unique<CLegendObj3D>();
-        if (m_context != nullptr) entry->InitLegendObj(m_context, m_transform.get());
-        return m_entries.Append(std::move(entry));
-      });
+  return orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_LEGEND3D, "NewLegendObj",
+                                       [this] {
+                                         auto entry = std::make_unique<CLegendObj3D>();
+                                         if (m_context != nullptr)
+                                           entry->InitLegendObj(m_context, m_transform.get());
+                                         return m_entries.Append(std::move(entry));
+                                       });
 }
 
 CLegendObj3D* CLegend3D::NewLegendObj(const CString& text) {

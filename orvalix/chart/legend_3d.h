@@ -118,8 +118,8 @@ class ORVALIX_API CLegend3D {
   /// Take effect with the next drawing.
   /// @{
 
-  /// The legend's rectangle in fractions of the view, from the bottom left corner. Default the whole
-  /// view. Setting it also brings the viewport up to date.
+  /// The legend's rectangle in fractions of the view, from the bottom left corner. Default the
+  /// whole view. Setting it also brings the viewport up to date.
   void SetLegendPosition(const GLViewRType& position);
   GLViewRType GetLegendPosition() const;
   /// The legend's rectangle in pixels of the view; every drawing recomputes it from the position.
@@ -203,6 +203,8 @@ class ORVALIX_API CLegend3D {
   static void RecordFields(Record& record, Self& self);
   template <class Record, class Self>
   static void RecordLayout(Record& record, Self& self);
+  template <class Record, class Self>
+  static void RecordContours(Record& record, Self& self, int contours);
 
   void InitDefaults();
   void Bind();

@@ -25,16 +25,7 @@ void CLegend3D::RecordFields(Record& record, Self& self) {
   record.Field(self.m_contourDecimals);
   record.Field(contours);
   RecordLayout(record, self);
-  if (contours != 0) {
-    record.Array(self.m_contourValues, contours);
-    record.Array(self.m_contourColors, std::int64_t{contours} + 1);
-  }
-  if constexpr (Record::kReading) {
-    if (contours == 0 && !record.HasEnded()) {
-      self.m_contourValues.clear();
-      self.m_contourColors.clear();
-    }
-  }
+  RecordContours(record, self, contours);
   int stored = Record::kReading ? 0 : self.m_entries.Count();
   record.Count(stored, kLeastEntryBytes);
   if constexpr (Record::kReading) {
@@ -45,6 +36,24 @@ void CLegend3D::RecordFields(Record& record, Self& self) {
   record.Child(*self.m_title1);
   record.Child(*self.m_title2);
   record.Child(*self.m_footer);
+}
+
+template <class Record, class Self>
+void CLegend3D::RecordContours(Record& record, Self& self, int contours) {
+  const std::int64_t bands = std::int64_t{contours} + 1;
+  if constexpr (Record::kReading) {
+    // Aside, so that a file that ends between the two leaves values with their colours.
+    std::vector<double> values;
+    std::vector<RGBDType> colors;
+    if (contours != 0) record.Array(values, contours);
+    if (contours != 0) record.Array(colors, bands);
+    if (record.HasEnded()) return;
+    self.m_contourValues.swap(values);
+    self.m_contourColors.swap(colors);
+  } else if (contours != 0) {
+    record.Array(self.m_contourValues, contours);
+    record.Array(self.m_contourColors, bands);
+  }
 }
 
 template <class Record, class Self>

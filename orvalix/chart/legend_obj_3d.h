@@ -98,8 +98,8 @@ class ORVALIX_API CLegendObj3D {
   void InitLegendObjDefaults();
   void DrawSymbolSolid();
 
-  COpenGL* m_context;            ///< not owned
-  CTransform3D* m_transform;     ///< not owned
+  COpenGL* m_context;         ///< not owned
+  CTransform3D* m_transform;  ///< not owned
   RGBDType m_textColor;
   RGBDType m_symbolColor;
   int m_symbol;                  ///< see SetSymbol()
