@@ -206,7 +206,10 @@ void CLegend3D::DrawLegendTable() {
   m_context->GetViewport(viewport);
   const double aspect = static_cast<double>(viewport.height) / viewport.width;
   const CLegendObj3D& first = *m_entries.First();
-  const double halfHeight = first.TextHeight() / 2.0;
+  // Sizes as texts are drawn: fonts measure them before the factors of the transform.
+  const double drawnHeight = m_transform->GetFontHeightSF();
+  const double drawnWidth = m_transform->GetFontAspect() * drawnHeight;
+  const double halfHeight = first.TextHeight() * drawnHeight / 2.0;
   const int columns = std::max(m_columns, 1);
   int titles = 0;
   for (const CTextObj3D* text : {m_title1.get(), m_title2.get(), m_footer.get()}) {
@@ -224,9 +227,7 @@ void CLegend3D::DrawLegendTable() {
     cell.textX = cell.symbolX + space;
   } else {
     cell.textX = m_leftMargin - 1.0;
-    // As wide as the text is drawn: fonts measure it before the factors of the transform.
-    const double drawn = m_transform->GetFontAspect() * m_transform->GetFontHeightSF();
-    cell.symbolX = cell.textX + space + GetMaxLegendTextWidth() * drawn;
+    cell.symbolX = cell.textX + space + GetMaxLegendTextWidth() * drawnWidth;
   }
   if (HasText(*m_title1)) {
     m_title1->SetYJustify(kBottom);

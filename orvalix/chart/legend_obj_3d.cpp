@@ -1,5 +1,6 @@
 #include "orvalix/chart/legend_obj_3d.h"
 
+#include <algorithm>
 #include <array>
 
 #include "orvalix/foundation/class_tags_internal.h"
@@ -30,6 +31,9 @@ enum Symbol {
 };
 
 constexpr double kEnlargement = 1.5;
+/// Where the view ends, and how far turned solids reach from their centre, in sizes of theirs.
+constexpr double kNearest = 1.0;
+constexpr double kReach = 0.9;
 constexpr double kLowCubeHeight = 0.5;
 constexpr double kFlatCubeHeight = 0.25;
 constexpr double kLineWidth = 2.0;
@@ -97,7 +101,10 @@ void CLegendObj3D::DrawLegendSymbol() {
   const double aspect = static_cast<double>(viewport.height) / viewport.width;
   m_context->PushMatrix();
   m_context->Translate3D(m_symbolPosition.x, m_symbolPosition.y, m_symbolPosition.z);
-  m_context->Scale3D(aspect * m_symbolScale, m_symbolScale, m_symbolScale);
+  // Large symbols are flattened: what reaches out of the view towards the viewer is cut away.
+  const double room = (kNearest - m_symbolPosition.y) / (kEnlargement * kReach);
+  const double depth = room > 0.0 ? std::min(m_symbolScale, room) : m_symbolScale;
+  m_context->Scale3D(aspect * m_symbolScale, depth, m_symbolScale);
   m_context->Scale3D(kEnlargement, kEnlargement, kEnlargement);
   if (m_symbol > kCube) {
     m_context->Rotate3D(m_symbolRotation.x, 0);

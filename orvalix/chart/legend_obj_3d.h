@@ -57,7 +57,8 @@ class ORVALIX_API CLegendObj3D {
   /// pyramid, 14 an hourglass, 15 an arrow; others, such as 0 (default), draw nothing.
   void SetSymbol(int symbol);
   int GetSymbol() const;
-  /// Size of the symbol, in heights of the legend times 0.75. Default 0.1.
+  /// Size of the symbol, in heights of the legend times 0.75. Default 0.1. Large symbols are
+  /// flattened along the line of sight, as far as the view has room for them.
   void SetSymbolScale(double scale);
   double GetSymbolScale() const;
   /// Place of the text's lower left corner, in the legend's square from -1 to 1. The legend sets it

@@ -139,6 +139,17 @@ TEST_F(LegendTest, SymbolsStandToTheRightOfTheLongestText) {
   EXPECT_EQ(legend.GetFontHeightSF(), 2.0);
 }
 
+TEST_F(LegendTest, TextsOfSmallLegendsStayInside) {
+  legend.NewLegendObj("text", 3, kOrange);
+  legend.SetLegendPosition({0.0, 0.0, 1.0, 0.25});
+  Drawn();
+  // Drawn four times as high, the text hangs from the margin all the same.
+  const double height = Height("text") * 4.0;
+  const CLegendObj3D& entry = *legend.GetLegendObj(0);
+  EXPECT_NEAR(entry.GetTextPosition().z, 0.9 - height, 1e-12);
+  EXPECT_NEAR(entry.GetSymbolPosition().z, 0.9 - height / 2.0, 1e-12);
+}
+
 TEST_F(LegendTest, DisabledEntriesTakeNoCell) {
   for (int i = 0; i < 3; ++i) legend.NewLegendObj("text", 3, kOrange);
   legend.EnableLegendObj(1, 0);

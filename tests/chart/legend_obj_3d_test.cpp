@@ -107,6 +107,30 @@ TEST_F(LegendTest, SymbolsKeepTheirShapeInAWideView) {
   EXPECT_TRUE(DrawnSymbol(entry).empty());
 }
 
+// The legend puts symbols at a depth of 0.85, 0.15 from where the view ends.
+TEST_F(LegendTest, LargeSymbolsStayInsideTheView) {
+  COpenGL& gl = *view.GetOpenGLPntr();
+  gl.MakeCurrent();
+  CTransform3D turnedUpright(&gl);
+  CLegendObj3D& entry = *legend.NewLegendObj();
+  entry.SetSymbolPosition({0.0, 0.85, 0.0, 0.0});
+  for (const double scale : {0.1, 0.2, 0.5}) {
+    for (const int symbol : {3, 9}) {
+      SCOPED_TRACE(::testing::Message() << scale << ' ' << symbol);
+      entry.SetSymbolScale(scale);
+      entry.SetSymbol(symbol);
+      const auto faces = CaptureFeedback([&] {
+        gl.SetColorMode(0);
+        gl.SetPolygonOutlineMode(0);
+        turnedUpright.TextTransform();
+        entry.DrawLegendSymbol();
+      });
+      ASSERT_EQ(faces.size(), 6U);
+      for (const auto& face : faces) EXPECT_EQ(face.vertices.size(), 5U);
+    }
+  }
+}
+
 TEST_F(LegendTest, OnlySolidsAboveThreeAreTurned) {
   CLegendObj3D& entry = *legend.NewLegendObj();
   entry.SetSymbolRotation({0.0, 0.0, 45.0, 0.0});

@@ -64,11 +64,11 @@ TEST(LegendRecord, HoldsItsFieldsInOrder) {
   for (std::size_t i = 0; i < reals.size(); ++i) {
     EXPECT_EQ(RealAt(record, kReals + 8 * i), reals[i]) << i;
   }
-  EXPECT_EQ(RealAt(record, kColors + 32), 1.0);       // background: white
-  EXPECT_EQ(RealAt(record, kColors + 64), 0.0);       // border: black
-  EXPECT_EQ(RealAt(record, kPlace + 24), 0.4);        // height
-  EXPECT_EQ(IntegerAt(record, kTexts), 0);            // no upper text
-  EXPECT_EQ(IntegerAt(record, kTexts + 8), 0);        // no entries
+  EXPECT_EQ(RealAt(record, kColors + 32), 1.0);  // background: white
+  EXPECT_EQ(RealAt(record, kColors + 64), 0.0);  // border: black
+  EXPECT_EQ(RealAt(record, kPlace + 24), 0.4);   // height
+  EXPECT_EQ(IntegerAt(record, kTexts), 0);       // no upper text
+  EXPECT_EQ(IntegerAt(record, kTexts + 8), 0);   // no entries
   CLegend3D loaded;
   LoadFrom(loaded, record);
   EXPECT_EQ(CLegend3D::nSelfID, 42);
@@ -90,8 +90,8 @@ TEST(LegendRecord, HoldsContoursEntriesAndTitles) {
   EXPECT_EQ(IntegerAt(record, 20), 2);
   const std::size_t contours = kTexts + 4 + 2 + 4 + 3;
   EXPECT_EQ(RealAt(record, contours + 8), 8.0);
-  EXPECT_EQ(RealAt(record, contours + 16), 1.0);             // red of the first colour
-  EXPECT_EQ(IntegerAt(record, contours + 16 + 3 * 32), 3);   // entries
+  EXPECT_EQ(RealAt(record, contours + 16), 1.0);            // red of the first colour
+  EXPECT_EQ(IntegerAt(record, contours + 16 + 3 * 32), 3);  // entries
   CLegend3D loaded;
   LoadFrom(loaded, record);
   EXPECT_EQ(loaded.GetNumLegendObjs(), 3);

@@ -66,6 +66,19 @@ void HideDepthAxis(CAxes3D& axes) {
   axes.EnableAxisLabels(1, 0);
 }
 
+CLegend3D* AddLegend(CChartView3D& view, const GLViewRType& position) {
+  constexpr int kSymbolsLeft = 1;
+  CLegend3D* legend = view.NewLegend3D();
+  legend->SetLegendPosition(position);
+  legend->SetLegendOrientation(kSymbolsLeft);
+  legend->SetLegendBkColor({1.0, 1.0, 1.0, 1.0});
+  legend->SetLegendBorderColor({0.75, 0.78, 0.82, 1.0});
+  legend->EnableLegendBorder(0);
+  legend->SetBorderThickness(1.0);
+  legend->SetFontSize(0.05);
+  return legend;
+}
+
 void NameAxis(CAxes3D& axes, int axis, int direction, const std::vector<CString>& names) {
   axes.SetAxisTics(axis, 1.0, 1.0, 1, 0.02, 0.04, direction);
   axes.SetAxisLabelsStrings(axis, names.data(), static_cast<int>(names.size()));

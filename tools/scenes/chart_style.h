@@ -35,6 +35,10 @@ void SetAxisTitles(CAxes3D& axes, const char* x, const char* y, const char* z);
 /// Takes the axis along the depth of a single row away: its place tells nothing.
 void HideDepthAxis(CAxes3D& axes);
 
+/// A legend without a frame in the colours of the background, to be filled.
+/// @param position fractions of the view
+CLegend3D* AddLegend(CChartView3D& view, const GLViewRType& position);
+
 /// Names instead of numbers at 1, 2, 3, ... of an axis.
 void NameAxis(CAxes3D& axes, int axis, int direction, const std::vector<CString>& names);
 

@@ -45,8 +45,12 @@ void BuildEarthquakesScene(CChartView3D& view, const std::string& dataFolder) {
   styled.chart->GetHeader()->GetFooterObj()->SetCharSize(0.7);
   SetAxisTitles(*styled.axes, "longitude", "latitude", "depth, km");
 
+  CLegend3D* legend = AddLegend(view, {0.85, 0.78, 0.14, 0.13});
   constexpr int kSurface = 0;
   for (const Strength& strength : kStrengths) {
+    CString label;
+    label.Format("magnitude %.0f", strength.from);
+    legend->NewLegendObj(label, strength.symbol, strength.color)->SetSymbolScale(0.15);
     std::vector<point3Dtype> points;
     std::vector<CString> texts;
     for (std::size_t i = 0; i < magnitude.size(); ++i) {

@@ -10,6 +10,7 @@ namespace orvalix {
 namespace {
 
 constexpr int kGroups = 3;
+constexpr int kCubeSymbol = 3;
 constexpr std::array<RGBDType, kGroups> kColors{
     {{0.34, 0.37, 0.44, 1.0}, {0.78, 0.56, 0.14, 1.0}, {0.18, 0.54, 0.34, 1.0}}};
 
@@ -42,6 +43,12 @@ void BuildElectricityGroupsScene(CChartView3D& view, const std::string& dataFold
   constexpr double kRow = 0.5;
   constexpr double kDepth = 0.6;
   constexpr int kCentred = 1;
+
+  CLegend3D* legend = AddLegend(view, {0.43, 0.45, 0.14, 0.11});
+  const std::array<const char*, kGroups> names{"fossil fuels", "nuclear", "renewables"};
+  for (std::size_t i = kGroups; i-- > 0;) {
+    legend->NewLegendObj(names[i], kCubeSymbol, kColors[i])->SetSymbolScale(0.2);
+  }
 
   const auto addBars = [&](const StyledChart& styled, int groupType) {
     styled.chart->NewChartObj(styled.transform)

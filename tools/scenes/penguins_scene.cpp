@@ -100,7 +100,9 @@ void AddMeasures(CChartView3D& view, const CsvTable& table) {
   const StyledChart styled = AddChart(view, {30.0, 12.0, 165.0, 0.0}, {60.0, 22.0, 235.0, 0.0},
                                       "Beaks and flippers", placement);
   SetAxisTitles(*styled.axes, "beak length, mm", "beak depth, mm", "flipper, mm");
+  CLegend3D* legend = AddLegend(view, {0.86, 0.80, 0.13, 0.13});
   for (const Species& species : kSpecies) {
+    legend->NewLegendObj(species.name, species.symbol, species.color)->SetSymbolScale(0.15);
     const std::vector<double> length = ValuesOf(table, species.name, "beak_length_mm");
     const std::vector<double> depth = ValuesOf(table, species.name, "beak_depth_mm");
     const std::vector<double> flipper = ValuesOf(table, species.name, "flipper_length_mm");

@@ -94,6 +94,13 @@ void BuildTerrainMapScene(CChartView3D& view, const std::string& dataFolder) {
   std::vector<double> heights;
   for (double height = 300.5; height < kHighest; height += 100.0) heights.push_back(height);
   const std::vector<RGBDType> colors(heights.size() + 1, kDark);
+  CLegend3D* legend = AddLegend(view, {0.02, 0.25, 0.14, 0.5});
+  legend->SetTitle1("height, m");
+  std::vector<double> limits;
+  for (int i = 2; i < kBands; ++i) limits.push_back(i * 100.0);
+  // The bands that begin at two hundred metres.
+  legend->ContourLegend2(limits.data(), bands.data() + 2, static_cast<int>(limits.size()), 0, kDark,
+                         1);
   // A little above the map, so that the lines lie upon it.
   styled.chart->NewChartObj(styled.transform)
       ->ContourPolysurface3D(&terrain, heights.data(), colors.data(),
