@@ -9,7 +9,7 @@
 namespace orvalix {
 
 /// What a handle can stand for.
-enum class HandleKind : std::uint8_t { kBitmap, kPalette, kDeviceContext };
+enum class HandleKind : std::uint8_t { kBitmap, kPalette, kDeviceContext, kGlobalMemory };
 
 /// Keeps a handle valid from construction to destruction. The objects behind handles derive from
 /// it.

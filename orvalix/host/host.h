@@ -13,6 +13,7 @@
 #include "orvalix/host/file.h"
 #include "orvalix/host/gdi.h"
 #include "orvalix/host/gdi_object.h"
+#include "orvalix/host/global_memory.h"
 #include "orvalix/host/host_string.h"
 #include "orvalix/host/host_types.h"
 #include "orvalix/host/message_box.h"

@@ -2,6 +2,7 @@
 /// The plain types, records and constants of the host's framework, in the framework's own layout.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 using BOOL = int;                ///< 0 is false, everything else true
@@ -12,6 +13,8 @@ using UINT = unsigned int;       ///< 32 bits, unsigned
 using LONG = std::int32_t;       ///< 32 bits, signed, on every machine
 using COLORREF = std::uint32_t;  ///< red in bits 0 to 7, green in 8 to 15, blue in 16 to 23
 
+using SIZE_T = std::size_t;  ///< a number of bytes
+
 struct HDC__;
 struct HWND__;
 struct HBITMAP__;
@@ -19,6 +22,7 @@ struct HPALETTE__;
 
 using HANDLE = void*;          ///< an open file or another system object
 using HGDIOBJ = void*;         ///< a bitmap or a palette
+using HGLOBAL = HANDLE;        ///< a block of memory
 using HDC = HDC__*;            ///< a device context
 using HWND = HWND__*;          ///< a window
 using HBITMAP = HBITMAP__*;    ///< a bitmap
@@ -52,6 +56,10 @@ inline constexpr int COLORONCOLOR = 3;  ///< stretch mode: drop or repeat pixels
 inline constexpr int HALFTONE = 4;      ///< stretch mode
 
 inline constexpr int DEFAULT_PALETTE = 15;  ///< stock object: the 20 static system colours
+
+inline constexpr UINT GMEM_MOVEABLE = 0x02;  ///< block of memory: behind a handle
+inline constexpr UINT GMEM_ZEROINIT = 0x40;  ///< block of memory: filled with zero bytes
+inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;  ///< block of memory: both
 
 inline constexpr UINT MB_OK = 0;                  ///< message box with one button
 inline constexpr UINT MB_ICONSTOP = 0x10;         ///< message box with the sign of an error

@@ -25,6 +25,8 @@ static_assert(sizeof(GLYPHMETRICSFLOAT) == 24 && offsetof(GLYPHMETRICSFLOAT, gmf
 static_assert(SRCCOPY == 0x00CC0020 && BI_RGB == 0 && DIB_RGB_COLORS == 0);
 static_assert(HORZRES == 8 && VERTRES == 10 && BITSPIXEL == 12 && PLANES == 14);
 static_assert(LOGPIXELSX == 88 && LOGPIXELSY == 90 && COLORONCOLOR == 3);
+static_assert(GMEM_MOVEABLE == 2 && GMEM_ZEROINIT == 0x40 && GHND == 0x42);
+static_assert(sizeof(HGLOBAL) == 8 && sizeof(SIZE_T) == 8);
 static_assert(DEFAULT_PALETTE == 15 && TRUE == 1 && FALSE == 0);
 
 TEST(HostTypes, ColorHoldsRedInItsLowestByte) {
