@@ -2,29 +2,26 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <memory>
+#include <vector>
 
 #include "orvalix/foundation/record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/palette_rules.h"
 #include "orvalix/render/pixel_format_internal.h"
+#include "orvalix/render/section_info_internal.h"
 
 namespace {
 
-constexpr UINT kColors = 256;
+constexpr UINT kColors = orvalix::kSectionColors;
 constexpr WORD kBitmapFileType = 0x4D42;  // the letters B and M
-/// File header, information header and colour table: where the pixels start.
-constexpr DWORD kPixelOffset = 14 + 40 + kColors * 4;
+/// Information header and colour table: what stands before the pixels of a packed bitmap.
+constexpr DWORD kPackedPixelOffset = 40 + kColors * 4;
+/// The same in a file, behind its file header.
+constexpr DWORD kPixelOffset = 14 + kPackedPixelOffset;
 
-/// What a bitmap is made from: BITMAPINFO with the colours of an 8-bit bitmap, black at first.
-struct SectionInfo {
-  BITMAPINFOHEADER header;
-  std::array<RGBQUAD, kColors> colors;
-};
-
-/// Bytes of a row: whole groups of four.
-std::int64_t RowBytes(int bitCount, int width) {
-  return ((std::int64_t{bitCount} * width + 31) >> 5) * 4;
-}
+using orvalix::RowBytes;
 
 /// Bytes of all rows, as far as a header can tell them: their lowest 32 bits.
 DWORD ImageBytes(int bitCount, int width, int height) {
@@ -33,6 +30,12 @@ DWORD ImageBytes(int bitCount, int width, int height) {
 
 /// The depth for which a section needs a palette.
 constexpr int kPaletteBits = 8;
+
+/// Frees a block of memory that nobody has taken over.
+struct FreeGlobal {
+  void operator()(HGLOBAL block) const { GlobalFree(block); }
+};
+using GlobalBlock = std::unique_ptr<void, FreeGlobal>;
 
 BITMAPFILEHEADER FileHeader(DWORD pixelBytes) {
   BITMAPFILEHEADER header{};
@@ -45,7 +48,11 @@ BITMAPFILEHEADER FileHeader(DWORD pixelBytes) {
 }  // namespace
 
 CDIBSection::CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel)
-    : m_bits(nullptr), m_header{}, m_colorTable{}, m_targetDC(nullptr) {
+    : m_bits(nullptr),
+      m_header{},
+      m_colorTable{},
+      m_normPrintRect{0.0, 0.0, 1.0, 1.0},
+      m_targetDC(nullptr) {
   CreateCDIBSection(windowDC, targetDC, width, height, bitsPerPixel);
 }
 
@@ -55,7 +62,7 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   m_targetDC = targetDC;
   if (windowDC == nullptr) return;
   const int bitCount = windowDC->GetDeviceCaps(BITSPIXEL) * windowDC->GetDeviceCaps(PLANES);
-  SectionInfo info{};
+  orvalix::SectionInfo info{};
   info.header.biSize = sizeof(BITMAPINFOHEADER);
   info.header.biWidth = width;
   info.header.biHeight = height;
@@ -64,9 +71,8 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   info.header.biCompression = BI_RGB;
   info.header.biSizeImage = ImageBytes(bitCount, width, height);
   m_header = info.header;
-  m_bitmap.Attach(CreateDIBSection(windowDC->GetSafeHdc(),
-                                   reinterpret_cast<const BITMAPINFO*>(&info), DIB_RGB_COLORS,
-                                   &m_bits, nullptr, 0));
+  m_bitmap.Attach(
+      CreateDIBSection(windowDC->GetSafeHdc(), info.Get(), DIB_RGB_COLORS, &m_bits, nullptr, 0));
 }
 
 BITMAPINFOHEADER CDIBSection::GetDIBHeader() const {
@@ -149,6 +155,29 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
     file.Write(m_bits, pixelBytes);
     file.Close();
   });
+}
+
+HGLOBAL CDIBSection::GetDIBSectionAsDIB() const {
+  constexpr const char* kPlace = "GetDIBSectionAsDIB";
+  if (GetBitmapHandle() == nullptr || m_targetDC == nullptr) {
+    orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_DIBSECTION, kPlace);
+  }
+  const BITMAPINFOHEADER header = GetDIBHeader();
+  const std::size_t pixelBytes = ImageBytes(header.biBitCount, header.biWidth, header.biHeight);
+  GlobalBlock block(GlobalAlloc(GHND, kPackedPixelOffset + pixelBytes));
+  auto* bytes = static_cast<std::byte*>(GlobalLock(block.get()));
+  if (bytes == nullptr) orvalix::ThrowError(ERR3D_MEM_ALLOC, ERR3DCLASS_DIBSECTION, kPlace);
+  auto colors = orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, kPlace,
+                                              [] { return std::vector<RGBQUAD>(kColors); });
+  GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors.data());
+
+  std::memcpy(bytes, &header, sizeof(header));
+  std::memcpy(bytes + sizeof(header), colors.data(), colors.size() * sizeof(RGBQUAD));
+  // kept: the pixels stand behind 256 colours even where the header tells of none, as in bitmap
+  // files. Whoever unpacks the block counts on it.
+  std::memcpy(bytes + kPackedPixelOffset, m_bits, pixelBytes);
+  GlobalUnlock(block.get());
+  return block.release();
 }
 
 HBITMAP CDIBSection::GetBitmapHandle() const {
