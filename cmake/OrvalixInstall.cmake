@@ -34,7 +34,7 @@ set(ORVALIX_PC_REQUIRES "")
 if(NOT BUILD_SHARED_LIBS)
   # A static library leaves it to the program to link what the library needs.
   string(APPEND ORVALIX_PC_CFLAGS " -DORVALIX_STATIC")
-  set(ORVALIX_PC_REQUIRES "opengl egl glu freetype2 fontconfig")
+  set(ORVALIX_PC_REQUIRES "opengl egl glu freetype2 fontconfig libpng")
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/package/orvalix.pc.in
                ${PROJECT_BINARY_DIR}/package/orvalix.pc @ONLY)

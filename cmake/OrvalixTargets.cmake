@@ -6,6 +6,7 @@ if(NOT TARGET OpenGL::GLU)
 endif()
 find_package(Freetype REQUIRED)
 find_package(Fontconfig REQUIRED)
+find_package(PNG REQUIRED)
 
 add_library(orvalix_options INTERFACE)
 target_compile_features(orvalix_options INTERFACE cxx_std_20)

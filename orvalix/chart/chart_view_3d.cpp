@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kVersion = 1.0;
 constexpr int kBold = 700;
+constexpr int kFitPage = 1;
 
 }  // namespace
 
@@ -59,8 +60,11 @@ void CChartView3D::InitChartViewDefaults() {
   m_viewBkColor = SetRGBD(1.0, 1.0, 1.0, 1.0);
   m_borderColor = SetRGBD(0.0, 0.0, 0.0, 1.0);
   m_viewBkMode = 2;
+  m_printScaleMode = kFitPage;
   m_deviceInitialized = false;
   m_fontCharacters = 128;
+  m_normPrintRect = {0.0, 0.0, 1.0, 1.0};
+  m_printing = 0;
   m_borderEnable = 1;
   m_fontChanged = true;
   m_fontItalics = 0;

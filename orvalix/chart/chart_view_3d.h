@@ -17,8 +17,8 @@ class CLegend3D;
 class COpenGL;
 class CTransform3D;
 
-/// A view draws its charts into an off-screen bitmap and copies that to a window or writes it to a
-/// file.
+/// A view draws its charts into an off-screen bitmap and copies that to a window, prints it or
+/// writes it to a file.
 ///
 /// The bitmap is made once, as large as the screen or as the constructor says, and is never
 /// resized: a larger window is drawn only up to the bitmap's size. Every drawing makes the view's
@@ -85,7 +85,8 @@ class ORVALIX_API CChartView3D {
   /// @{
 
   /// For a paint handler: draws the view at the size of the window's client area and copies it to
-  /// `dc` at (0, 0), after making bitmap and context if that hasn't been done.
+  /// `dc` at (0, 0), after making bitmap and context if that hasn't been done. Does nothing while
+  /// the view is being printed, as do the other two.
   /// @throws CErr3D type 14, class 6, "DrawViewScreen" for a null device context
   void DrawViewScreen(CDC* dc);
   /// The same at width x height pixels, copied to (x, y).
@@ -98,6 +99,40 @@ class ORVALIX_API CChartView3D {
   /// @throws CErr3D type 8, class 6, "SaveToFile" when the view has no bitmap yet; class 9 as
   ///   CDIBSection::SaveDIB()
   void SaveToFile(const CString& name);
+  /// Addition: draws the view at the bitmap's size and writes it as a PNG file of 24-bit colour,
+  /// which loses nothing of the picture. A file that can't be finished is left as far as it came.
+  /// @throws CErr3D class 6, "SaveToPng": type 8 when the view has no bitmap yet, type 6 when the
+  ///   file can't be made, type 7 when a write fails, type 2 when memory runs out
+  void SaveToPng(const CString& name);
+  /// @}
+
+  /// @name Printing
+  /// A printout is the view drawn at the bitmap's size, stretched over a place on the page. Job and
+  /// page belong to the host: it starts both, calls OnPrint() for each page, and ends them.
+  /// @{
+
+  /// For a print handler: prints the view, then asks for the whole window to be redrawn. Drawing to
+  /// the screen does nothing while this runs.
+  /// @param info not consulted; may be null
+  /// @throws CErr3D type 8, class 6, "OnPrint" when the view has no bitmap yet; class 9 as
+  ///   CDIBSection::PrintDIB(), type 9 "PrintDIB" for a null device context
+  void OnPrint(CDC* dc, CPrintInfo* info);
+  /// For a handler of the job's end: does nothing.
+  void OnEndPrinting(CDC* dc, CPrintInfo* info);
+  /// Prints the view; does nothing except while OnPrint() runs.
+  /// @throws CErr3D class 9 as CDIBSection::PrintDIB()
+  void DrawViewPrinter(CDC* dc);
+  /// 1 while OnPrint() runs, else 0.
+  int GetPrintingState() const;
+  /// Where the picture goes on the page: 1 fits it, 3 takes the normalised print rectangle, others
+  /// fill the page; see CDIBSection::CalculatePrintRect(), which is given the lowest 16 bits.
+  /// Default 1. Not saved in chart files.
+  void SetPrintScaleMode(int mode);
+  int GetPrintScaleMode() const;
+  /// The part of the page that scale mode 3 fills, in fractions of the page. Default 0, 0, 1, 1.
+  /// Not saved in chart files.
+  void SetNormPrintRect(const REALRECT& rectangle);
+  void GetNormPrintRect(REALRECT& rectangle) const;
   /// @}
 
   /// @name Chart file
@@ -174,6 +209,8 @@ class ORVALIX_API CChartView3D {
   void DeleteLegends();
   void DeleteChartViewObjects();
   void DrawToDC(CDC* dc, int x, int y);
+  void DrawForFile(const char* place);
+  void EndPrinting();
   void DrawView();
   void DrawBorder();
   void DrawHeader();
@@ -197,8 +234,11 @@ class ORVALIX_API CChartView3D {
   RGBDType m_viewBkColor;
   RGBDType m_borderColor;
   int m_viewBkMode;          ///< stored and saved only
+  int m_printScaleMode;      ///< as CDIBSection::PrintDIB() takes it
   bool m_deviceInitialized;  ///< bitmap and context exist
   int m_fontCharacters;      ///< character codes, from 0, that have glyphs
+  REALRECT m_normPrintRect;  ///< fractions of the page, for scale mode 3
+  int m_printing;            ///< 1 while OnPrint() runs
   int m_borderEnable;
   bool m_fontChanged;  ///< the next drawing registers the font
   int m_fontItalics;

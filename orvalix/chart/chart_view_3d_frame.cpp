@@ -3,6 +3,8 @@
 #include "orvalix/chart/chart_view_3d.h"
 #include "orvalix/chart/header_3d.h"
 #include "orvalix/chart/legend_3d.h"
+#include "orvalix/chart/png_file_internal.h"
+#include "orvalix/chart/selected_palette_internal.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -24,6 +26,7 @@ void RequireDC(const CDC* dc) {
 }  // namespace
 
 void CChartView3D::DrawViewScreen(CDC* dc) {
+  if (m_printing != 0) return;
   RequireDC(dc);
   if (!m_deviceInitialized) InitDeviceContext(true);
   if (!m_deviceInitialized) return;
@@ -32,6 +35,7 @@ void CChartView3D::DrawViewScreen(CDC* dc) {
 }
 
 void CChartView3D::DrawViewScreen(CDC* dc, int x, int y, int width, int height) {
+  if (m_printing != 0) return;
   RequireDC(dc);
   if (!m_deviceInitialized) InitDeviceContext(true);
   if (!m_deviceInitialized) return;
@@ -42,6 +46,7 @@ void CChartView3D::DrawViewScreen(CDC* dc, int x, int y, int width, int height) 
 void CChartView3D::DrawViewScreen() {
   if (!m_deviceInitialized || m_window->GetSafeHwnd() == nullptr) return;
   const orvalix::WindowDC dc(*m_window, "InitDeviceContext");
+  if (m_printing != 0) return;
   SetViewSizeWindow();
   DrawToDC(dc.Get(), 0, 0);
 }
@@ -49,10 +54,8 @@ void CChartView3D::DrawViewScreen() {
 void CChartView3D::DrawToDC(CDC* dc, int x, int y) {
   if (m_viewWidth < 1 || m_viewHeight < 1) return;
   DrawView();
-  const HPALETTE previous = SelectPalette(dc->GetSafeHdc(), m_dib->GetPaletteHandle(), FALSE);
-  RealizePalette(dc->GetSafeHdc());
+  const orvalix::SelectedPalette palette(dc, m_dib->GetPaletteHandle());
   CopyBitmap(dc, x, y, m_viewWidth, m_viewHeight);
-  SelectPalette(dc->GetSafeHdc(), previous, FALSE);
 }
 
 void CChartView3D::CopyBitmap(CDC* dc, int x, int y, int width, int height) {
@@ -61,12 +64,22 @@ void CChartView3D::CopyBitmap(CDC* dc, int x, int y, int width, int height) {
 }
 
 void CChartView3D::SaveToFile(const CString& name) {
+  DrawForFile("SaveToFile");
+  m_dib->SaveDIB(name);
+}
+
+void CChartView3D::SaveToPng(const CString& name) {
+  constexpr const char* kPlace = "SaveToPng";
+  DrawForFile(kPlace);
+  orvalix::WritePngFile(*m_dib, name, ERR3DCLASS_CHARTVIEW3D, kPlace);
+}
+
+void CChartView3D::DrawForFile(const char* place) {
   if (!m_deviceInitialized) {
-    orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_CHARTVIEW3D, "SaveToFile");
+    orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_CHARTVIEW3D, place);
   }
   SetViewSizeBitmap();
   DrawView();
-  m_dib->SaveDIB(name);
 }
 
 void CChartView3D::DrawView() {
