@@ -37,8 +37,11 @@ inline constexpr BOOL FALSE = 0;
 #endif
 
 inline constexpr DWORD SRCCOPY =
-    0x00CC0020;                     ///< raster operation: the source replaces the destination
-inline constexpr DWORD BI_RGB = 0;  ///< bitmap compression: none
+    0x00CC0020;                           ///< raster operation: the source replaces the destination
+inline constexpr DWORD BI_RGB = 0;        ///< bitmap compression: none
+inline constexpr DWORD BI_RLE8 = 1;       ///< bitmap compression: runs of pixels of 8 bits
+inline constexpr DWORD BI_RLE4 = 2;       ///< bitmap compression: runs of pixels of 4 bits
+inline constexpr DWORD BI_BITFIELDS = 3;  ///< no compression: masks tell the bits of components
 inline constexpr UINT DIB_RGB_COLORS = 0;            ///< a colour table holds colours
 inline constexpr UINT DIB_PAL_COLORS = 1;            ///< a colour table holds palette indices
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;  ///< "no colour": what a failed look-up gives
