@@ -14,6 +14,7 @@
 #include "orvalix/host/host.h"
 #include "orvalix/render/aux_obj_3d.h"
 #include "orvalix/render/dib.h"
+#include "orvalix/render/dib_obj_3d.h"
 #include "orvalix/render/dib_section.h"
 #include "orvalix/render/font_3d.h"
 #include "orvalix/render/open_gl.h"

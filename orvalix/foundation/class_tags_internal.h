@@ -15,6 +15,7 @@ inline constexpr int kChartTag = 505;
 inline constexpr int kChartObjTag = 606;
 inline constexpr int kChartViewTag = 707;
 inline constexpr int kDibTag = 909;
+inline constexpr int kDIBObjTag = 1010;
 inline constexpr int kFontTag = 1111;
 inline constexpr int kHeaderTag = 1212;
 inline constexpr int kPolysurfaceTag = 1414;

@@ -312,6 +312,21 @@ class ORVALIX_API COpenGL {
   void DrawAuxObject(int type, int solid, point3Dtype const& size);
   /// @}
 
+  /// @name Pictures
+  /// @{
+
+  /// Addition: draws a quadrilateral that is covered with a picture, in the picture's own colours
+  /// whatever the light, and with the normal (0, 1, 0). Pixels are enlarged without smoothing. All
+  /// of OpenGL's state, and with it colouring by value, is left as it was.
+  /// @param rgba red, green, blue and alpha for each pixel, the lowest row first, without gaps; the
+  ///   colour of what is seen through a picture that isn't opaque is the fill colour
+  /// @param width, height pixels, powers of two; a picture larger than OpenGL takes draws nothing
+  /// @param corners four: lower left, upper left, upper right, lower right
+  /// @param repeatX, repeatY how many times the picture stands side by side and on itself
+  void DrawPictureQuad(const unsigned char* rgba, int width, int height, const point3Dtype* corners,
+                       int repeatX, int repeatY);
+  /// @}
+
   /// @name Colouring by value
   /// @{
 

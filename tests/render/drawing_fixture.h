@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <initializer_list>
@@ -34,6 +35,17 @@ class DrawingTest : public ::testing::Test {
       EXPECT_NEAR(primitive.vertices[i].y, (expected[i].y + 1.0) * 50.0, 1e-2) << "vertex " << i;
       EXPECT_NEAR(primitive.vertices[i].z, (expected[i].z + 1.0) * 0.5, 1e-5) << "vertex " << i;
     }
+  }
+
+  /// The quadrilateral of a picture from the vertex with texture coordinates 0 and 0 on; the
+  /// software rasteriser reports quadrilaterals from their last vertex on.
+  static FeedbackPrimitive FromTextureOrigin(FeedbackPrimitive primitive) {
+    auto& vertices = primitive.vertices;
+    const auto origin = std::find_if(
+        vertices.begin(), vertices.end(),
+        [](const FeedbackVertex& vertex) { return vertex.t == 0.0 && vertex.t2 == 0.0; });
+    std::rotate(vertices.begin(), origin, vertices.end());
+    return primitive;
   }
 
   static void ExpectColor(const FeedbackPrimitive& primitive, double red, double green,

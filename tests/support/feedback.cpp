@@ -66,7 +66,8 @@ class FeedbackReader {
       vertex.blue = Next();
       vertex.alpha = Next();
       vertex.t = Next();
-      m_at += 3;
+      vertex.t2 = Next();
+      m_at += 2;
       vertices.push_back(vertex);
     }
     return vertices;

@@ -11,11 +11,11 @@
 namespace orvalix::test {
 
 /// A vertex as OpenGL would rasterise it. x and y are pixels from the lower left corner of the
-/// target, z is the depth from 0 (nearest) to 1 (farthest), t the first texture coordinate.
+/// target, z is the depth from 0 (nearest) to 1 (farthest), t and t2 are the texture coordinates.
 struct FeedbackVertex {
   double x, y, z;
   double red, green, blue, alpha;
-  double t;
+  double t, t2;
 };
 
 struct FeedbackPrimitive {
