@@ -12,6 +12,8 @@
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/aux_obj_3d.h"
+#include "orvalix/render/dib_obj_3d.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/text_obj_3d.h"
@@ -90,6 +92,8 @@ void CChart3D::DrawChart() {
   DrawHeader();
   DrawAxes();
   DrawChartObjs();
+  DrawAuxObjs();
+  DrawDIBObjs();
   DrawChartTexts();
 }
 
@@ -145,6 +149,14 @@ void CChart3D::DrawAxes() {
 
 void CChart3D::DrawChartObjs() {
   for (CChartObj3D* chartObj : m_chartObjs) chartObj->DrawChartObj();
+}
+
+void CChart3D::DrawAuxObjs() {
+  for (CAuxObj3D* auxObj : m_auxObjs) auxObj->DrawAuxObj();
+}
+
+void CChart3D::DrawDIBObjs() {
+  for (CDIBObj3D* dibObj : m_dibObjs) dibObj->DrawDIBObj();
 }
 
 void CChart3D::DrawChartTexts() {
@@ -245,5 +257,13 @@ CHeader3D* CChart3D::GetHeader() const { return m_header.get(); }
 int CChart3D::GetNumChartObjs() const { return m_chartObjs.Count(); }
 
 CChartObj3D* CChart3D::GetChartObj(int index) const { return m_chartObjs.At(index); }
+
+int CChart3D::GetNumAuxObjs() const { return m_auxObjs.Count(); }
+
+CAuxObj3D* CChart3D::GetAuxObj(int index) const { return m_auxObjs.At(index); }
+
+int CChart3D::GetNumDIBObjs() const { return m_dibObjs.Count(); }
+
+CDIBObj3D* CChart3D::GetDIBObj(int index) const { return m_dibObjs.At(index); }
 
 int CChart3D::GetClassTag() const { return m_classTag; }

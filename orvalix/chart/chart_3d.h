@@ -1,5 +1,6 @@
 /// @file
-/// One chart: a rectangle of the view with its titles, axes, data series and texts.
+/// One chart: a rectangle of the view with its titles, axes, data series, shapes, pictures and
+/// texts.
 #pragma once
 
 #include <array>
@@ -9,9 +10,11 @@
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
+class CAuxObj3D;
 class CAxes3D;
 class CChartObj3D;
 class CChartView3D;
+class CDIBObj3D;
 class CHeader3D;
 class COpenGL;
 class CPolysurface;
@@ -19,12 +22,12 @@ class CTextObj3D;
 class CTransform3D;
 
 /// A chart inside a view. It clears and frames its rectangle, sets light and colouring by value up
-/// for it, and draws its titles, then its axes frames, its data series and its texts, each in the
-/// order in which they were made.
+/// for it, and draws its titles, then its axes frames, its data series, its shapes, its pictures
+/// and its texts, each in the order in which they were made.
 ///
 /// The view makes charts (CChartView3D::NewChart3D()) and deletes them. The chart makes and owns
-/// its header, transforms, axes frames, data series and texts; callers never delete them. Every
-/// child is drawn through one of the chart's transforms.
+/// its header, transforms, axes frames, data series, shapes, pictures and texts; callers never
+/// delete them. Every child is drawn through one of the chart's transforms.
 ///
 /// Properties are stored as they are given and take effect with the next drawing.
 class ORVALIX_API CChart3D {
@@ -48,8 +51,9 @@ class ORVALIX_API CChart3D {
 
   /// Binds the chart, with its header and children, to a view, which must be initialised and must
   /// outlive the chart, and sets its context up for shaded drawing. That context is current
-  /// afterwards.
-  /// @throws CErr3D type 12, class 4, "InitChart3D" for null or something that is no live view
+  /// afterwards. A picture whose file can't be had stays in the chart and draws nothing.
+  /// @throws CErr3D type 12, class 4, "InitChart3D" for null or something that is no live view;
+  ///   when memory runs out, CDIBObj3D::InitDIBObj()'s
   void InitChart3D(CChartView3D* view);
 
   /// @name Children
@@ -90,6 +94,25 @@ class ORVALIX_API CChart3D {
   /// Makes a text that is bound to nothing yet and is not drawn.
   /// @throws CErr3D type 3, class 4, "NewChartTextObj"
   CTextObj3D* NewChartTextObj();
+  /// Makes a picture of a bitmap file that is drawn through `transform`.
+  /// @throws CErr3D class 4, "NewDIBObj": type 15 for null or something that is no live transform,
+  ///   type 3; CDIBObj3D::InitDIBObj()'s, for example type 5, class 8 for a missing file
+  CDIBObj3D* NewDIBObj(CTransform3D* transform, CString const& fileName);
+  /// The same, drawn through the chart's first transform.
+  CDIBObj3D* NewDIBObj(CString const& fileName);
+  /// Makes a picture without a file that is bound to nothing yet and is not drawn.
+  /// @throws CErr3D type 3, class 4, "NewDIBObj"
+  CDIBObj3D* NewDIBObj();
+  /// Makes a shape that is drawn through `transform`.
+  /// @param type one of CAuxObj3D::AuxObjTypes
+  /// @throws CErr3D class 4: type 15, "NewAUXObj" for null or something that is no live transform;
+  ///   type 3, "NewAuxObj"
+  CAuxObj3D* NewAuxObj(CTransform3D* transform, int type);
+  /// The same, drawn through the chart's first transform.
+  CAuxObj3D* NewAuxObj(int type);
+  /// Makes a shape without a type that is bound to nothing yet and is not drawn.
+  /// @throws CErr3D type 3, class 4, "NewAuxObj"
+  CAuxObj3D* NewAuxObj();
   /// The first transform with that id; null when there is none.
   CTransform3D* MatchTransformID(int id) const;
   /// @}
@@ -209,6 +232,12 @@ class ORVALIX_API CChart3D {
   /// Addition: number of data series and the one at `index`, from 0 (null beyond the end).
   int GetNumChartObjs() const;
   CChartObj3D* GetChartObj(int index) const;
+  /// Addition: number of shapes and the one at `index`, from 0 (null beyond the end).
+  int GetNumAuxObjs() const;
+  CAuxObj3D* GetAuxObj(int index) const;
+  /// Addition: number of pictures and the one at `index`, from 0 (null beyond the end).
+  int GetNumDIBObjs() const;
+  CDIBObj3D* GetDIBObj(int index) const;
   /// Addition: 505 in a live object.
   int GetClassTag() const;
   /// @}
@@ -220,7 +249,8 @@ class ORVALIX_API CChart3D {
   /// @throws CErr3D type 7, "Save", of the class whose record failed
   void Save(void* file) const;
   /// Reads a chart from an open file and adds the stored children to its own. The chart counter
-  /// becomes the stored one. Null does nothing.
+  /// becomes the stored one. A picture whose file can't be had stays in the chart with the file's
+  /// name and draws nothing. Null does nothing.
   /// @throws CErr3D type 7, "Load", of the class whose record failed
   void Load(void* file);
   /// @}
@@ -235,7 +265,9 @@ class ORVALIX_API CChart3D {
   CAxes3D* AppendUnboundAxes();
   void BindChildren();
   void BindAxes(CAxes3D& axes);
+  void BindAuxObj(CAuxObj3D& auxObj);
   void BindChartObj(CChartObj3D& chartObj);
+  void BindDIBObj(CDIBObj3D& dibObj);
   void BindText(CTextObj3D& text);
   void SetupOpenGL();
   void SetupLight();
@@ -245,6 +277,8 @@ class ORVALIX_API CChart3D {
   void DrawHeader();
   void DrawAxes();
   void DrawChartObjs();
+  void DrawAuxObjs();
+  void DrawDIBObjs();
   void DrawChartTexts();
 
   COpenGL* m_openGL;          ///< the view's context; not owned
@@ -275,4 +309,6 @@ class ORVALIX_API CChart3D {
   orvalix::ObjectList<CAxes3D> m_axes;
   orvalix::ObjectList<CTextObj3D> m_chartTexts;
   orvalix::ObjectList<CChartObj3D> m_chartObjs;
+  orvalix::ObjectList<CAuxObj3D> m_auxObjs;
+  orvalix::ObjectList<CDIBObj3D> m_dibObjs;
 };

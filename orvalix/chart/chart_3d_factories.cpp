@@ -4,6 +4,8 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/aux_obj_3d.h"
+#include "orvalix/render/dib_obj_3d.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
@@ -21,6 +23,13 @@ auto Make(const char* place, Work&& work) {
 void RequireTransform(const CTransform3D* transform, const char* place) {
   orvalix::RequireTag(transform, orvalix::kTransformTag, ERR3D_TRANSFORM_PARAMETER,
                       ERR3DCLASS_CHART3D, place);
+}
+
+/// True when a bitmap file could not be opened or read.
+bool IsFileError(const CErr3D& error) {
+  const CErr3DTypes type = error.GetErrorType();
+  return error.GetErrorClass() == ERR3DCLASS_DIB &&
+         (type == ERR3D_FILE_OPEN_INPUT || type == ERR3D_DISK_IO);
 }
 
 }  // namespace
@@ -94,11 +103,42 @@ CTextObj3D* CChart3D::NewChartTextObj() {
               [&] { return m_chartTexts.Append(std::make_unique<CTextObj3D>()); });
 }
 
+CDIBObj3D* CChart3D::NewDIBObj(CTransform3D* transform, CString const& fileName) {
+  RequireTransform(transform, "NewDIBObj");
+  return Make("NewDIBObj", [&] {
+    return m_dibObjs.Append(std::make_unique<CDIBObj3D>(m_openGL, transform, fileName));
+  });
+}
+
+CDIBObj3D* CChart3D::NewDIBObj(CString const& fileName) {
+  return NewDIBObj(m_transforms.First(), fileName);
+}
+
+CDIBObj3D* CChart3D::NewDIBObj() {
+  return Make("NewDIBObj", [&] { return m_dibObjs.Append(std::make_unique<CDIBObj3D>()); });
+}
+
+CAuxObj3D* CChart3D::NewAuxObj(CTransform3D* transform, int type) {
+  // Kept: the place is spelt in its own way; programs compare it.
+  RequireTransform(transform, "NewAUXObj");
+  return Make("NewAuxObj", [&] {
+    return m_auxObjs.Append(std::make_unique<CAuxObj3D>(m_openGL, transform, type));
+  });
+}
+
+CAuxObj3D* CChart3D::NewAuxObj(int type) { return NewAuxObj(m_transforms.First(), type); }
+
+CAuxObj3D* CChart3D::NewAuxObj() {
+  return Make("NewAuxObj", [&] { return m_auxObjs.Append(std::make_unique<CAuxObj3D>()); });
+}
+
 void CChart3D::BindChildren() {
   for (CTransform3D* transform : m_transforms) transform->InitTransform(m_openGL);
   for (CAxes3D* axes : m_axes) BindAxes(*axes);
   for (CTextObj3D* text : m_chartTexts) BindText(*text);
   for (CChartObj3D* chartObj : m_chartObjs) BindChartObj(*chartObj);
+  for (CAuxObj3D* auxObj : m_auxObjs) BindAuxObj(*auxObj);
+  for (CDIBObj3D* dibObj : m_dibObjs) BindDIBObj(*dibObj);
 }
 
 void CChart3D::BindAxes(CAxes3D& axes) {
@@ -117,6 +157,22 @@ void CChart3D::BindChartObj(CChartObj3D& chartObj) {
   CTransform3D* transform = MatchTransformID(chartObj.GetOwnerID());
   if (transform != nullptr && m_openGL != nullptr) {
     chartObj.InitChartObj3D(m_openGL, transform);
+  }
+}
+
+void CChart3D::BindAuxObj(CAuxObj3D& auxObj) {
+  CTransform3D* transform = MatchTransformID(auxObj.GetTransformID());
+  if (transform != nullptr && m_openGL != nullptr) auxObj.InitAuxObj(m_openGL, transform);
+}
+
+void CChart3D::BindDIBObj(CDIBObj3D& dibObj) {
+  CTransform3D* transform = MatchTransformID(dibObj.GetTransformID());
+  if (transform == nullptr || m_openGL == nullptr) return;
+  try {
+    dibObj.InitDIBObj(m_openGL, transform);
+  } catch (const CErr3D& error) {
+    // The rest of a chart can do without a picture whose file has been lost.
+    if (!IsFileError(error)) throw;
   }
 }
 

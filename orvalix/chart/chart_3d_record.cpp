@@ -5,6 +5,8 @@
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/header_3d.h"
 #include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/render/aux_obj_3d.h"
+#include "orvalix/render/dib_obj_3d.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
@@ -18,6 +20,8 @@ constexpr std::size_t kTransformBytes = 660;
 constexpr std::size_t kLeastAxesBytes = 1000;
 constexpr std::size_t kLeastTextBytes = 140;
 constexpr std::size_t kLeastChartObjBytes = 300;
+constexpr std::size_t kAuxObjBytes = 188;
+constexpr std::size_t kLeastDIBObjBytes = 216;
 
 /// A count, then the record of each object. On reading, `make(chart)` makes the next object, and
 /// `bind(chart, object)` gets it once it has been read.
@@ -83,6 +87,13 @@ void CChart3D::RecordFields(Record& record, Self& self) {
       record, self, self.m_chartObjs, kLeastChartObjBytes,
       [](auto& chart) { return chart.NewChartObj(); },
       [](auto& chart, CChartObj3D& chartObj) { chart.BindChartObj(chartObj); });
+  RecordList(
+      record, self, self.m_auxObjs, kAuxObjBytes, [](auto& chart) { return chart.NewAuxObj(); },
+      [](auto& chart, CAuxObj3D& auxObj) { chart.BindAuxObj(auxObj); });
+  RecordList(
+      record, self, self.m_dibObjs, kLeastDIBObjBytes,
+      [](auto& chart) { return chart.NewDIBObj(); },
+      [](auto& chart, CDIBObj3D& dibObj) { chart.BindDIBObj(dibObj); });
 }
 
 void CChart3D::Save(void* file) const {

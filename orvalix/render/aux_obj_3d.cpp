@@ -56,6 +56,8 @@ void CAuxObj3D::DrawAuxObj() {
   const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
   if (m_context == nullptr || m_transform == nullptr) return;
   if (!orvalix::IsPlaceable(m_normLocation) || !orvalix::IsPlaceable(m_rotation)) return;
+  // The projection may still be the current matrix when a view draws its first shape.
+  m_context->SelectModelView();
   m_context->PushMatrix();
   m_transform->TextTransform();
   m_context->SetColorMode(m_colorMode);

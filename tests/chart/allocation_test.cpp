@@ -54,6 +54,11 @@ TEST(Allocation, FactoriesReportTheirOwnNames) {
   ExpectEachFailure(framesAndParts, [&] { chart->NewAxes(); });
   ExpectEachFailure({{3, 4, "NewChartTextObj"}}, [&] { chart->NewChartTextObj(transform, "a"); });
   ExpectEachFailure({{3, 4, "NewChartTextObj"}}, [&] { chart->NewChartTextObj(); });
+  ExpectEachFailure({{3, 4, "NewAuxObj"}}, [&] { chart->NewAuxObj(transform, 1); });
+  ExpectEachFailure({{3, 4, "NewAuxObj"}}, [&] { chart->NewAuxObj(); });
+  ExpectEachFailure({{3, 4, "NewDIBObj"}}, [&] { chart->NewDIBObj(); });
+  ExpectEachFailure({{3, 4, "NewDIBObj"}, {3, 10, "InitDIBObj"}},
+                    [&] { chart->NewDIBObj(transform, ""); });
   ExpectEachFailure({{2, 4, "AutoTransformGroup25D"}, {3, 4, "NewTransform"}}, [&] {
     const std::array<double, 2> values{1.0, 2.0};
     chart->AutoTransformGroup25D(values.data(), values.data(), 0.0, 1, 2, 1.0, 0, 1, 1);
@@ -68,6 +73,8 @@ TEST(Allocation, FactoriesReportTheirOwnNames) {
   EXPECT_EQ(chart->GetNumAxes(), 2);
   EXPECT_EQ(chart->GetNumChartTextObjs(), 2);
   EXPECT_EQ(chart->GetNumChartObjs(), 2);
+  EXPECT_EQ(chart->GetNumAuxObjs(), 2);
+  EXPECT_EQ(chart->GetNumDIBObjs(), 2);
   EXPECT_EQ(target.view->GetNumCharts(), 2);
   target.view->DrawViewScreen();
 }

@@ -33,8 +33,9 @@ constexpr std::size_t kTextureMode = kTextureMinimum + 16;
 constexpr std::size_t kOwnFields = kTextureMode + 8;
 /// The record of a header with empty texts: 44 bytes and three texts of 152.
 constexpr std::size_t kHeader = 44 + 3 * 152;
-/// The counts of transforms, axes frames, texts and data series.
+/// The counts of transforms, axes frames, texts, data series, shapes and pictures.
 constexpr std::size_t kCounts = kOwnFields + kHeader;
+constexpr std::size_t kLists = 6;
 
 template <class T>
 T At(const Bytes& bytes, std::size_t offset) {
@@ -66,8 +67,8 @@ TEST(Chart3DRecord, HoldsTheFieldsInOrder) {
   chart.SetTextureMode(3);
   chart.SetFontSize(0.75);
   const Bytes record = Saved(chart);
-  // Then the header, and the counts of transforms, axes frames, texts and data series, all 0.
-  ASSERT_EQ(record.size(), kCounts + 16);
+  // Then the header, and the counts of the children, all 0.
+  ASSERT_EQ(record.size(), kCounts + 4 * kLists);
   const Bytes header = Saved(*chart.GetHeader());
   EXPECT_EQ(Bytes(record.begin() + kOwnFields, record.begin() + kCounts), header);
   EXPECT_EQ(At<int>(record, 0), CChart3D::nSelfID);
@@ -93,7 +94,7 @@ TEST(Chart3DRecord, HoldsTheFieldsInOrder) {
   EXPECT_EQ(At<double>(record, kTextureMinimum + 8), 9.5);
   EXPECT_EQ(At<int>(record, kTextureMode), 3);
   EXPECT_EQ(At<int>(record, kTextureMode + 4), 1);
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(At<int>(record, kCounts + 4 * i), 0);
+  for (std::size_t i = 0; i < kLists; ++i) EXPECT_EQ(At<int>(record, kCounts + 4 * i), 0);
 }
 
 TEST(Chart3DRecord, OverwritesTheCounter) {
@@ -181,7 +182,7 @@ TEST(Chart3DRecord, DistrustsCounts) {
   for (const int count : {-1, 1, 1000000, 2147483647}) {
     Bytes changed = record;
     CChart3D loaded;
-    for (std::size_t list = 0; list < 4; ++list) {
+    for (std::size_t list = 0; list < kLists; ++list) {
       changed = record;
       Put(changed, kCounts + 4 * list, count);
       EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
@@ -190,6 +191,8 @@ TEST(Chart3DRecord, DistrustsCounts) {
     EXPECT_EQ(loaded.GetNumAxes(), 0);
     EXPECT_EQ(loaded.GetNumChartTextObjs(), 0);
     EXPECT_EQ(loaded.GetNumChartObjs(), 0);
+    EXPECT_EQ(loaded.GetNumAuxObjs(), 0);
+    EXPECT_EQ(loaded.GetNumDIBObjs(), 0);
     // Failing later, it has no more texture colours than there is room for.
     Put(changed, kTextureMode + 4, count);
     EXPECT_EQ(Catch([&] { LoadFrom(loaded, changed); }), (CaughtError{7, 4, "Load"})) << count;
