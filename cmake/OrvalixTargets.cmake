@@ -15,6 +15,10 @@ target_compile_options(orvalix_options INTERFACE -Wall -Wextra -Wpedantic -Wshad
 if(ORVALIX_WARNINGS_AS_ERRORS)
   target_compile_options(orvalix_options INTERFACE -Werror)
 endif()
+if(ORVALIX_FUZZ)
+  # The library tells the fuzzer which of its branches an input has reached.
+  target_compile_options(orvalix_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(ORVALIX_SANITIZE)
   set(_sanitize -fsanitize=address,undefined -fno-sanitize-recover=undefined
       -fno-omit-frame-pointer)
