@@ -56,9 +56,11 @@ void m_scale(double x, double y, double z) {
 }
 
 void m_xformpt(const double* point, const double* normal, double* outPoint, double* outNormal) {
+  std::array<double, 3> moved{};
+  m_xformptonly(point, moved.data());
   xformvec3(normal, stack[depth].normals, outNormal);
   normalize(outNormal);
-  m_xformptonly(point, outPoint);
+  copy3(moved.data(), outPoint);
 }
 
 void m_xformptonly(const double* point, double* out) {

@@ -1,7 +1,7 @@
 /// @file
 /// The matrix stack by which the regular solids place their vertices: ten entries, each a 4 by 4
 /// matrix for points and a 3 by 3 matrix for normals, both the identity at first. There is one
-/// stack for the whole program.
+/// stack for the whole program. Outputs may be the same arrays as inputs.
 ///
 /// Errors are reported to the function of seterrorfunc(); without one they end the program.
 #pragma once
