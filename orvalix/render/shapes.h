@@ -2,6 +2,10 @@
 /// Solid and wire shapes, drawn at the origin of OpenGL's current matrix in the current colour.
 /// Solids have normals that point outwards, so that they can be lit. An OpenGL context must be
 /// current. Sizes may have any value; what can't be placed isn't drawn.
+///
+/// Spheres, cylinders and cones of negative size, and cylinders without a height, aren't drawn
+/// either. A negative size mirrors the other shapes in the origin without their normals, which then
+/// point inwards.
 #pragma once
 
 #include "orvalix/host/export.h"

@@ -177,7 +177,7 @@ double Plain(double value, double unit) {
 
 }  // namespace
 
-std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw) {
+std::vector<FeedbackPrimitive> CaptureTriangles(const std::function<void()>& draw) {
   static std::vector<GLfloat> buffer(kBufferFloats);
   const WithoutPolygonOffset placedExactly;
   glFeedbackBuffer(static_cast<GLsizei>(buffer.size()), GL_4D_COLOR_TEXTURE, buffer.data());
@@ -185,10 +185,13 @@ std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw
   draw();
   const GLint count = glRenderMode(GL_RENDER);
   EXPECT_GE(count, 0) << "the feedback buffer is too small";
+  return FeedbackReader(buffer, static_cast<std::size_t>(std::max(count, 0))).Read();
+}
+
+std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw) {
   std::vector<FeedbackPrimitive> merged;
   PolygonMerger merger;
-  for (FeedbackPrimitive& primitive :
-       FeedbackReader(buffer, static_cast<std::size_t>(std::max(count, 0))).Read()) {
+  for (FeedbackPrimitive& primitive : CaptureTriangles(draw)) {
     merger.Add(std::move(primitive), merged);
   }
   return merged;

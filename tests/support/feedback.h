@@ -28,6 +28,10 @@ struct FeedbackPrimitive {
 /// strip come one by one. Fails the test when the drawing overflows a very large buffer.
 std::vector<FeedbackPrimitive> CaptureFeedback(const std::function<void()>& draw);
 
+/// As CaptureFeedback(), but areas remain the triangles that the rasteriser makes of them, so that
+/// each keeps the colours of its own corners.
+std::vector<FeedbackPrimitive> CaptureTriangles(const std::function<void()>& draw);
+
 /// Only the primitives of one kind, in order.
 std::vector<FeedbackPrimitive> OfKind(const std::vector<FeedbackPrimitive>& primitives,
                                       FeedbackPrimitive::Kind kind);
