@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 
 #include "orvalix/foundation/matrix_stack.h"
@@ -69,28 +69,30 @@ constexpr Solid<20, 12, 5> kDodecahedron{
       {5, 9, 11, 7, 19},
       {6, 18, 19, 7, 15}}}};
 
+bool IsPlaceable(const Vector& vertex) {
+  return orvalix::IsPlaceable({vertex[0], vertex[1], vertex[2], 0.0});
+}
+
 /// Draws a solid with its vertices `radius` away from the origin, moved and scaled by the matrix
-/// stack.
+/// stack. Draws nothing when that leaves any vertex without a place.
 template <std::size_t Vertices, std::size_t Faces, std::size_t Corners>
 void Draw(const Solid<Vertices, Faces, Corners>& solid, double radius, GLenum mode) {
-  if (!orvalix::IsPlaceable({radius, 0.0, 0.0, 0.0})) return;
   const double scale = radius / length3(solid.vertices[0].data());
   std::array<Vector, Vertices> placed;
   for (std::size_t i = 0; i < Vertices; ++i) {
     scalarmult(scale, solid.vertices[i].data(), placed[i].data());
+    m_xformptonly(placed[i].data(), placed[i].data());
   }
+  if (!std::all_of(placed.begin(), placed.end(), IsPlaceable)) return;
   for (const auto& face : solid.faces) {
+    const double* first = solid.vertices[face[0]].data();
     Vector normal{};
-    perpnorm(solid.vertices[face[0]].data(), solid.vertices[face[1]].data(),
-             solid.vertices[face[2]].data(), normal.data());
+    Vector unused{};
+    perpnorm(first, solid.vertices[face[1]].data(), solid.vertices[face[2]].data(), normal.data());
+    m_xformpt(first, normal.data(), unused.data(), normal.data());
     glBegin(mode);
-    for (const std::size_t corner : face) {
-      Vector vertex{};
-      Vector lit{};
-      m_xformpt(placed[corner].data(), normal.data(), vertex.data(), lit.data());
-      glNormal3dv(lit.data());
-      glVertex3dv(vertex.data());
-    }
+    glNormal3dv(normal.data());
+    for (const std::size_t corner : face) glVertex3dv(placed[corner].data());
     glEnd();
   }
 }
