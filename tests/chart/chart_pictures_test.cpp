@@ -10,6 +10,7 @@
 #include "chart/view_fixture.h"
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/render/aux_obj_3d.h"
+#include "orvalix/render/dib.h"
 #include "orvalix/render/dib_obj_3d.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/text_obj_3d.h"
@@ -171,6 +172,22 @@ TEST_F(ChartPictures, ColoringByValueSurvivesThem) {
   picture->SetNormPlanePoints({-9, 0.9, -9, 0}, {-9, 0.9, -8, 0}, {-8, 0.9, -8, 0});
   drawnPixels();
   EXPECT_EQ(drawnPixels(), without);
+}
+
+TEST_F(ChartPictures, CanBeFilesThatViewsHaveSaved) {
+  // Each has 256 colours in front of its pixels, whatever its depth.
+  const TemporaryFile saved;
+  for (const int bits : {8, 24, 32}) {
+    ViewOn source(64, 64, bits);
+    source.view->EnableBorder(0);
+    source.view->SetViewBkColor(SetRGBD(0, 1, 0, 1));
+    source.view->SaveToFile(saved.Path());
+    CDib dib(saved.Path());
+    EXPECT_EQ(dib.GetDibNumColors(), 256) << bits;
+    const unsigned char* texture = dib.TranslateDIBToOGL(dib.CreateDibPalette());
+    ASSERT_NE(texture, nullptr) << bits;
+    EXPECT_EQ(Bytes(texture, texture + 4), (Bytes{0, 255, 0, 255})) << bits;
+  }
 }
 
 class ChartPictureFiles : public ChartPictures {

@@ -8,7 +8,9 @@
 #include <random>
 #include <vector>
 
+#include "orvalix/render/dib.h"
 #include "support/bitmap_files.h"
+#include "support/temporary_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -17,6 +19,7 @@ namespace {
 using orvalix::test::BitmapFile;
 using orvalix::test::Bytes;
 using orvalix::test::Encode;
+using orvalix::test::TemporaryFile;
 
 Bytes Uncompressed(std::uint32_t headerBytes, int bits) {
   BitmapFile file;
@@ -112,6 +115,14 @@ class Mutator {
 
   std::mt19937 m_random{20240607};
 };
+
+TEST(DibFuzz, EverySeedIsABitmap) {
+  for (const Bytes& seed : Seeds()) {
+    const TemporaryFile file(seed);
+    const CDib dib(file.Path());
+    EXPECT_GT(dib.GetDibWidth(), 0);
+  }
+}
 
 TEST(DibFuzz, NoBytesAreADanger) {
   constexpr int kRuns = 30000;
