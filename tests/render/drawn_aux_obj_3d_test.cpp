@@ -181,6 +181,8 @@ TEST_F(DrawnShape, HasThreeSizes) {
 TEST_F(DrawnShape, EachTypeIsDrawn) {
   shape.SetSizeParameters(0.75, 1.5, 2.5);
   shape.SetRotation({20, 30, 40, 0});
+  // 15 circles and 16 half circles of 16 lines; each edge of the flat ones twice; 3 circles of 12
+  // lines and 12 lines of 2 parts; 11 circles of 15 lines and 15 lines of 10 parts.
   const std::array<std::size_t, 10> lines{496, 24, 24, 480, 60, 60, 24, 12, 60, 315};
   for (int type = 1; type <= 10; ++type) {
     shape.SetAuxObjType(type);

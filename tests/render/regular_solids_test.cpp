@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "orvalix/foundation/matrix_stack.h"
@@ -14,7 +15,6 @@
 
 namespace {
 
-using orvalix::test::CaptureTriangles;
 using orvalix::test::Dot;
 using orvalix::test::Length;
 using orvalix::test::LitTriangle;
