@@ -81,6 +81,7 @@ void CLegend3D::InitLegend(CChartView3D* view) {
   orvalix::RequireTag(view, orvalix::kChartViewTag, ERR3D_CHARTVIEW_PARAMETER, ERR3DCLASS_LEGEND3D,
                       "InitLegend");
   m_view = view;
+  m_context = nullptr;
   if (view->GetOpenGLPntr() != nullptr) Bind();
 }
 
@@ -155,6 +156,7 @@ void CLegend3D::SetLegendPosition(const GLViewRType& position) {
 void CLegend3D::SetLegendViewport(const GLViewportType* viewport) {
   if (viewport == nullptr) return;
   m_viewport = *viewport;
+  if (m_viewport.width == 0) return;  // a view that hasn't been drawn yet has no size
   m_viewportAspect = static_cast<double>(m_viewport.height) / m_viewport.width;
 }
 
@@ -162,11 +164,13 @@ void CLegend3D::DrawLegend() {
   if (m_enable == 0 || m_context == nullptr) return;
   m_context->SetColorMode(m_colorMode);
   Place();
+  if (m_viewport.width < 1 || m_viewport.height < 1) return;
   m_fontHeightSF = 1.0 / m_position.height;
   DrawLegendTable();
 }
 
 void CLegend3D::TransformLegend() {
+  if (m_context == nullptr) return;
   m_context->SetViewport(m_viewport);
   m_context->SetFontScaleFactor(m_fontSize);
   m_transform->SetFontAspect(m_viewportAspect * m_viewAspect);
@@ -197,7 +201,7 @@ void CLegend3D::DrawTitle(CTextObj3D& text, double z) {
 
 void CLegend3D::DrawLegendTable() {
   const int entries = GetNumberActiveLegends();
-  if (entries < 1) return;
+  if (entries < 1 || m_context == nullptr) return;
   TransformLegend();
   DrawSlab();
   m_context->SetPolygonOutlineMode(1);

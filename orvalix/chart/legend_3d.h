@@ -20,7 +20,8 @@ class CTransform3D;
 ///
 /// A view makes its legends (CChartView3D::NewLegend3D()), draws them after all charts, and deletes
 /// them. Entries are numbered from 0 in the order in which they were made. The table fills the
-/// columns of a row before the next row begins; disabled entries take no room.
+/// columns of a row before the next row begins. Disabled entries take no cell; their texts count
+/// for the width of a column all the same, and the first entry of all for the height of the rows.
 class ORVALIX_API CLegend3D {
  public:
   /// Defaults only; bound to nothing and not drawn.
@@ -39,6 +40,12 @@ class ORVALIX_API CLegend3D {
 
   /// Draws the legend at its position, unless it is disabled or has no enabled entry.
   void DrawLegend();
+
+  /// What DrawLegend() does when everything is in its place: draws the table in the viewport as
+  /// last set, with the font height factor as last set.
+  void DrawLegendTable();
+  /// Makes the legend's viewport, font size and transform those of the context.
+  void TransformLegend();
 
   /// @name Entries
   /// Belong to the legend; callers never delete them.
@@ -82,9 +89,11 @@ class ORVALIX_API CLegend3D {
 
   /// @name Contour legends
   /// Append an entry with a cube for each band or value, from the highest down. They keep copies
-  /// of the arrays; a null array leaves the copy of before.
+  /// of the arrays; a null array leaves the copy of before, and there are as many entries as that
+  /// has values. Without colours bands are black.
   /// @param values count heights, ascending
-  /// @param colors count + 1 colours of the bands below, between and above the heights
+  /// @param colors count + 1 colours of the bands below, between and above the heights; the last
+  ///   one is not shown
   /// @param count fewer than two make the entries for which there are values
   /// @param decimals digits after the point
   /// @param textColor, textColorFlag 1: texts have this colour; 0: that of their band
@@ -209,8 +218,6 @@ class ORVALIX_API CLegend3D {
   void InitDefaults();
   void Bind();
   void Place();
-  void TransformLegend();
-  void DrawLegendTable();
   void DrawSlab();
   void DrawEntries(Cell cell, int columns);
   void DrawTitle(CTextObj3D& text, double z);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <vector>
 
 #include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/legend_obj_3d.h"
@@ -20,22 +21,21 @@ void CLegend3D::StoreContours(const double* values, const RGBDType* colors, int 
   m_contourTextColor = textColor;
   m_contourTextColorFlag = textColorFlag;
   m_contourDecimals = decimals;
-  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_LEGEND3D, "InitContourValueStorage",
-                                [&] {
-                                  if (values != nullptr) {
-                                    m_contourValues.assign(values, values + contours);
-                                  } else {
-                                    m_contourValues.resize(contours);
-                                  }
-                                });
-  orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_LEGEND3D, "InitContourColorsStorage",
-                                [&] {
-                                  if (colors != nullptr && count >= 0) {
-                                    m_contourColors.assign(colors, colors + contours + 1);
-                                  } else {
-                                    m_contourColors.resize(contours + 1);
-                                  }
-                                });
+  // Aside, so that values and colours stay together when memory runs out for the one or the other.
+  std::vector<double> newValues = orvalix::WithAllocationErrors(
+      ERR3D_ARRAY_NEW, ERR3DCLASS_LEGEND3D, "InitContourValueStorage", [&] {
+        return values != nullptr ? std::vector<double>(values, values + contours) : m_contourValues;
+      });
+  std::vector<RGBDType> newColors = orvalix::WithAllocationErrors(
+      ERR3D_ARRAY_NEW, ERR3DCLASS_LEGEND3D, "InitContourColorsStorage", [&] {
+        std::vector<RGBDType> copy = colors != nullptr && count >= 0
+                                         ? std::vector<RGBDType>(colors, colors + contours + 1)
+                                         : m_contourColors;
+        copy.resize(newValues.size() + 1, RGBDType{0.0, 0.0, 0.0, 1.0});
+        return copy;
+      });
+  m_contourValues.swap(newValues);
+  m_contourColors.swap(newColors);
 }
 
 CString CLegend3D::FormatValue(std::size_t index) const {
@@ -47,7 +47,7 @@ CString CLegend3D::FormatValue(std::size_t index) const {
 void CLegend3D::AppendBand(const CString& text, std::size_t color) {
   const RGBDType& band = m_contourColors[color];
   CLegendObj3D* entry = NewLegendObj(text, kCubeSymbol, band);
-  entry->SetTextColor(m_contourTextColorFlag != 0 ? m_contourTextColor : band);
+  entry->SetTextColor(m_contourTextColorFlag == 1 ? m_contourTextColor : band);
 }
 
 void CLegend3D::ContourLegend(const double* values, const RGBDType* colors, int count, int decimals,

@@ -74,8 +74,21 @@ TEST(ContourLegend, NullArraysLeaveTheCopies) {
   legend.ContourLegend2(nullptr, nullptr, 2, 0, kTextColor, 1);
   EXPECT_EQ(Texts(legend), (Strings{"2", "1", "2", "1"}));
   EXPECT_NEAR(legend.GetSymbolColor(2).red, 0.1, 1e-12);
-  legend.ContourLegend2(nullptr, nullptr, 3, 0, kTextColor, 1);  // more than there are: zeros
-  EXPECT_STREQ(legend.GetText(4), "0");
+  // As many as there are, whatever is promised.
+  for (const int count : {0, 3, std::numeric_limits<int>::max()}) {
+    const int before = legend.GetNumLegendObjs();
+    legend.ContourLegend2(nullptr, nullptr, count, 0, kTextColor, 1);
+    EXPECT_EQ(legend.GetNumLegendObjs(), before + 2) << count;
+  }
+  legend.ContourLegend2(nullptr, nullptr, 2, 0, kTextColor, 7);  // neither 0 nor 1: the band's
+  EXPECT_EQ(legend.GetTextColor(legend.GetNumLegendObjs() - 2).red, 0.1);
+}
+
+TEST(ContourLegend, ValuesWithoutColorsAreBlack) {
+  CLegend3D legend;
+  legend.ContourLegend2(kValues.data(), nullptr, 4, 0, kTextColor, 1);
+  EXPECT_EQ(legend.GetSymbolColor(0).red, 0.0);
+  EXPECT_EQ(legend.GetSymbolColor(0).alpha, 1.0);
 }
 
 TEST(ContourLegend, DecimalsStayReadable) {

@@ -98,9 +98,11 @@ void BuildTerrainMapScene(CChartView3D& view, const std::string& dataFolder) {
   legend->SetTitle1("height, m");
   std::vector<double> limits;
   for (int i = 2; i < kBands; ++i) limits.push_back(i * 100.0);
-  // The bands that begin at two hundred metres.
-  legend->ContourLegend2(limits.data(), bands.data() + 2, static_cast<int>(limits.size()), 0, kDark,
-                         1);
+  // The bands that begin at two hundred metres; a colour above all heights isn't shown.
+  std::vector<RGBDType> legendColors(bands.begin() + 2, bands.end());
+  legendColors.push_back(kDark);
+  legend->ContourLegend2(limits.data(), legendColors.data(), static_cast<int>(limits.size()), 0,
+                         kDark, 1);
   // A little above the map, so that the lines lie upon it.
   styled.chart->NewChartObj(styled.transform)
       ->ContourPolysurface3D(&terrain, heights.data(), colors.data(),
