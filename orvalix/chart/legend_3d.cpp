@@ -101,20 +101,19 @@ void CLegend3D::Bind() {
   m_transformID = m_transform->GetTransformID();
 }
 
-CLegendObj3D* CLegend3D::NewLegendObj() {
+CLegendObj3D* CLegend3D::NewLegendObj() { return AppendEntry(nullptr); }
+
+CLegendObj3D* CLegend3D::NewLegendObj(const CString& text) { return AppendEntry(&text); }
+
+CLegendObj3D* CLegend3D::AppendEntry(const CString* text) {
   return orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_LEGEND3D, "NewLegendObj",
-                                       [this] {
+                                       [&, this] {
                                          auto entry = std::make_unique<CLegendObj3D>();
                                          if (m_context != nullptr)
                                            entry->InitLegendObj(m_context, m_transform.get());
+                                         if (text != nullptr) entry->SetText(*text);
                                          return m_entries.Append(std::move(entry));
                                        });
-}
-
-CLegendObj3D* CLegend3D::NewLegendObj(const CString& text) {
-  CLegendObj3D* entry = NewLegendObj();
-  entry->SetText(text);
-  return entry;
 }
 
 CLegendObj3D* CLegend3D::NewLegendObj(const CString& text, int symbol, const RGBDType& color) {

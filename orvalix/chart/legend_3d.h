@@ -25,6 +25,7 @@ class CTransform3D;
 class ORVALIX_API CLegend3D {
  public:
   /// Defaults only; bound to nothing and not drawn.
+  /// @throws CErr3D type 3: class 15, "InitLegend", or that of a text
   CLegend3D();
   /// Defaults, then InitLegend().
   explicit CLegend3D(CChartView3D* view);
@@ -34,11 +35,14 @@ class ORVALIX_API CLegend3D {
   CLegend3D& operator=(const CLegend3D&) = delete;
 
   /// Binds to a view, which must outlive the legend, and makes the transform that the legend draws
-  /// through. A legend of a view that isn't initialised is bound when that is.
-  /// @throws CErr3D class 15, "InitLegend": type 13 for null, type 3 when memory runs out
+  /// through. Of a view that isn't initialised, the legends that it has made itself
+  /// (CChartView3D::NewLegend3D()) are bound when it is; others stay unbound.
+  /// @throws CErr3D class 15, "InitLegend": type 13 for null, type 3 when memory runs out; type 17,
+  ///   class 19, "InitTextObj" for a context without a font
   void InitLegend(CChartView3D* view);
 
-  /// Draws the legend at its position, unless it is disabled or has no enabled entry.
+  /// Draws the legend at its position, unless it is disabled or has no enabled entry. The context
+  /// must be current; its viewport, colour mode, font scale factor and line style are changed.
   void DrawLegend();
 
   /// What DrawLegend() does when everything is in its place: draws the table in the viewport as
@@ -52,9 +56,10 @@ class ORVALIX_API CLegend3D {
   /// @{
 
   /// Makes an entry at the end.
-  /// @throws CErr3D type 3, class 15, "NewLegendObj"
+  /// @throws CErr3D type 3: class 15, "NewLegendObj", or that of an entry or text; type 17, class
+  ///   19, "InitTextObj" for a context without a font
   CLegendObj3D* NewLegendObj();
-  /// The same with a text.
+  /// The same with a text. There is no new entry when its text can't be kept.
   CLegendObj3D* NewLegendObj(const CString& text);
   /// The same with a symbol (CLegendObj3D::SetSymbol()) and its colour.
   CLegendObj3D* NewLegendObj(const CString& text, int symbol, const RGBDType& color);
@@ -153,6 +158,7 @@ class ORVALIX_API CLegend3D {
   int GetLegendBorderEnable() const;
   /// 0 flat colours (default), 1 lit.
   void SetColorMode(int mode);
+  /// Addition: the mode as last set.
   int GetColorMode() const;
   /// Factor on the aspect of texts. Default 1.
   void SetViewAspect(double aspect);
@@ -173,6 +179,7 @@ class ORVALIX_API CLegend3D {
   double GetLegendYLoc() const;
   /// Fill of the slab. Default white.
   void SetLegendBkColor(const RGBDType& color);
+  /// Addition: the colour as last set.
   RGBDType GetLegendBkColor() const;
   /// Default black.
   void SetLegendBorderColor(const RGBDType& color);
@@ -223,6 +230,7 @@ class ORVALIX_API CLegend3D {
   void DrawTitle(CTextObj3D& text, double z);
   void StoreContours(const double* values, const RGBDType* colors, int count, int decimals,
                      const RGBDType& textColor, int textColorFlag);
+  CLegendObj3D* AppendEntry(const CString* text);
   void AppendBand(const CString& text, std::size_t color);
   CString FormatValue(std::size_t index) const;
 

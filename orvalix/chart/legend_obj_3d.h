@@ -16,6 +16,7 @@ class CTransform3D;
 class ORVALIX_API CLegendObj3D {
  public:
   /// Defaults only; bound to nothing and not drawn.
+  /// @throws CErr3D type 3, class 16, "InitLegendObjDefaults"
   CLegendObj3D();
   /// Defaults, then InitLegendObj().
   CLegendObj3D(COpenGL* context, CTransform3D* transform);
@@ -64,12 +65,14 @@ class ORVALIX_API CLegendObj3D {
   /// Place of the text's lower left corner, in the legend's square from -1 to 1. The legend sets it
   /// at every drawing. Default (0, 0, 0).
   void SetTextPosition(const point3Dtype& position);
+  /// Addition: the place as last set.
   point3Dtype GetTextPosition() const;
   /// Place of the symbol's centre, in the legend's square from -1 to 1. The legend sets it at every
   /// drawing. Default (0, 0, 0).
   void SetSymbolPosition(const point3Dtype& position);
+  /// Addition: the place as last set.
   point3Dtype GetSymbolPosition() const;
-  /// Turns of solids above symbol 3 about x, y and z, in degrees. Default (-20, -20, 0).
+  /// Addition: turns of solids above symbol 3 about x, y and z, in degrees. Default (-20, -20, 0).
   void SetSymbolRotation(const point3Dtype& degrees);
   point3Dtype GetSymbolRotation() const;
   /// 0 leaves the entry out; it then takes no room. Default 1.

@@ -6,7 +6,7 @@
 
 namespace orvalix {
 
-/// The rectangle in pixels of a view of that size, rounded down; 0 for what isn't a number.
+/// The rectangle in pixels of a view of that size, without fractions; 0 for what isn't a number.
 GLViewportType PixelViewport(const GLViewRType& position, int viewWidth, int viewHeight);
 
 }  // namespace orvalix

@@ -49,7 +49,8 @@ class ORVALIX_API CAuxObj3D {
   /// Nonzero: solid (default); 0: wire.
   void SetSolidType(int type);
   int GetSolidType() const;
-  /// Of solids: 0 flat colours, 1 lit (default), 2 coloured by value, which shapes are not.
+  /// Of solids: 0 flat colours, 1 lit (default). With any other number a solid has the colour of
+  /// whatever was drawn before.
   void SetColorMode(int mode);
   int GetColorMode() const;
   /// Dimensions of the shape, before the scale factor. Default 1 each.
@@ -61,7 +62,8 @@ class ORVALIX_API CAuxObj3D {
   void SetScaleFactor(double factor);
   double GetScaleFactor() const;
   /// Stores a place in world coordinates and the normalised one that follows from it, now: a scale
-  /// that changes later doesn't move the shape. Default (0, 0, 0).
+  /// that changes later doesn't move the shape. While the shape isn't bound there is no normalised
+  /// place to follow: set the location after InitAuxObj(). Default (0, 0, 0).
   void SetLocation(point3Dtype const& location);
   point3Dtype GetLocation() const;
   /// Stores the place where the shape is drawn, in normalised coordinates. Default (0, 0, 0).
@@ -86,11 +88,11 @@ class ORVALIX_API CAuxObj3D {
   int GetClassTag() const;
 
   /// Writes the record to an open file. Null does nothing.
-  /// @throws CErr3D type 7, class 0, "Save"
+  /// @throws CErr3D class 0, "Save": type 7, or type 2 when memory runs out
   void Save(void* file) const;
   /// Reads the record from an open file; the shape counter becomes the stored one. Null does
   /// nothing.
-  /// @throws CErr3D type 7, class 0, "Load"
+  /// @throws CErr3D class 0, "Load": type 7, or type 2 when memory runs out
   void Load(void* file);
 
   static int nSelfID;  ///< shapes counted so far; Load() overwrites it

@@ -19,7 +19,10 @@ constexpr WORD kBitmapFileType = 0x4D42;  // the letters B and M
 constexpr std::size_t kMostPaletteColors = 256;
 constexpr WORD kPaletteVersion = 0x300;
 constexpr int kSmallestTexture = 2;
-constexpr int kLargestTexture = 16384;
+constexpr int kLargestTexture = 8192;
+/// A texture may always take that much, and that much for each byte of the file.
+constexpr std::size_t kTextureBytesAllowed = std::size_t{16} << 20;
+constexpr std::size_t kTextureBytesPerFileByte = 64;
 constexpr int kTextureBits = 32;
 constexpr std::size_t kTexturePixelBytes = 4;
 constexpr unsigned char kOpaque = 255;
@@ -36,6 +39,10 @@ int Extent(LONG from, LONG to) {
   const std::int64_t extent = std::int64_t{to} - from;
   return static_cast<int>(std::clamp<std::int64_t>(extent, std::numeric_limits<int>::min(),
                                                    std::numeric_limits<int>::max()));
+}
+
+std::size_t TextureBytes(int width, int height) {
+  return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kTexturePixelBytes;
 }
 
 /// The palette of a device context for as long as this lives.
@@ -87,6 +94,7 @@ void CDib::InitDefaults() {
   m_colorsAt = 0;
   m_numColors = 0;
   m_bitsAt = 0;
+  m_fileBytes = 0;
   // Owned by itself, the palette lives on while a device context holds it.
   CPalette palette;
   palette.Attach(m_palette.Detach());
@@ -130,6 +138,7 @@ const char* CDib::ReadBitmap(CFile& file) {
   m_colorsAt = dib->colorsAt;
   m_numColors = dib->numColors;
   m_bitsAt = dib->bitsAt;
+  m_fileBytes = static_cast<std::size_t>(length);
   return nullptr;
 }
 
@@ -206,8 +215,11 @@ int CDib::RoundSizeUp(int size) {
 
 unsigned char* CDib::TranslateDIBToOGL(CPalette* palette) {
   if (IsEmpty()) return nullptr;
-  const int width = RoundSizeUp(GetDibWidth());
-  const int height = RoundSizeUp(GetDibHeight());
+  int width = RoundSizeUp(GetDibWidth());
+  int height = RoundSizeUp(GetDibHeight());
+  const std::size_t allowed =
+      std::max(kTextureBytesAllowed, m_fileBytes * kTextureBytesPerFileByte);
+  while (TextureBytes(width, height) > allowed) (width > height ? width : height) /= 2;
   m_texture = orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_DIB, "TranslateDIBToOGL",
                                             [&] { return RenderTexture(width, height, palette); });
   m_textureWidth = width;
@@ -237,8 +249,7 @@ std::vector<unsigned char> CDib::RenderTexture(int width, int height, CPalette* 
   if (PaintDIB(memory.GetSafeHdc(), &everywhere, &whole, palette) == 0) throw std::bad_alloc();
   GdiFlush();
 
-  std::vector<unsigned char> texture(static_cast<std::size_t>(width) *
-                                     static_cast<std::size_t>(height) * kTexturePixelBytes);
+  std::vector<unsigned char> texture(TextureBytes(width, height));
   const auto* from = static_cast<const unsigned char*>(bits);
   for (std::size_t i = 0; i < texture.size(); i += kTexturePixelBytes) {
     texture[i] = from[i + 2];

@@ -22,10 +22,10 @@ class ORVALIX_API CDib {
  public:
   /// Loads a file. Null or an empty name opens nothing and makes an empty object.
   ///
-  /// A file that doesn't start with the letters B and M shows the message "Not a bitmap file"
-  /// (AfxMessageBox()) and makes an empty object; one that does, but is cut short, contradicts
-  /// itself or has an unknown format, does the same with "Damaged or unknown bitmap file". Pixels
-  /// in runs may end early; those missing have index 0.
+  /// A file that doesn't start with the letters B and M, or has fewer than 14 bytes, shows the
+  /// message "Not a bitmap file" (AfxMessageBox()) and makes an empty object; one that does, but is
+  /// cut short, contradicts itself or has an unknown format, does the same with "Damaged or unknown
+  /// bitmap file". Pixels in runs may end early; those missing have index 0.
   ///
   /// Memory is taken for the file (2 GiB at most), and for the decoded pixels, if they are: twice
   /// their bytes in the file, or 128 times the bytes of runs, which is what runs can fill. Larger
@@ -87,11 +87,14 @@ class ORVALIX_API CDib {
   int PaintDIB(HDC dc, const RECT* destination, const RECT* source, CPalette* palette);
 
   /// Stretches the whole bitmap over a texture whose sides are its own, rounded up to powers of two
-  /// from 2 to 16384, and takes that in place of the texture before. A larger bitmap is shrunk.
+  /// from 2 to 8192, and takes that in place of the texture before.
+  ///
+  /// A texture takes at most 16 MiB, or 64 times the bytes of the file where that is more: beyond
+  /// that its longer side is halved until it fits. Only files that hold large areas in few bytes
+  /// come near. As much again is needed while the texture is made.
   /// @param palette may be null
   /// @return the texture, which belongs to this object: red, green, blue and 255 for each pixel,
-  /// the
-  ///   lowest row first, without gaps; null for an empty object
+  ///   the lowest row first, without gaps; null for an empty object
   /// @throws CErr3D type 2, class 8, "TranslateDIBToOGL"; the texture before stays
   unsigned char* TranslateDIBToOGL(CPalette* palette);
   /// Pixels in a row of the texture; 0 while there is none.
@@ -104,7 +107,7 @@ class ORVALIX_API CDib {
  protected:
   /// Loads a file in place of what the object holds: see the constructor.
   void LoadBitmapFile(char const* fileName);
-  /// The smallest power of two that isn't below `size`, 2 at least and 16384 at most.
+  /// The smallest power of two that isn't below `size`, 2 at least and 8192 at most.
   static int RoundSizeUp(int size);
 
  private:
@@ -118,6 +121,7 @@ class ORVALIX_API CDib {
   std::size_t m_colorsAt;            ///< where the colour table starts in m_dib
   std::size_t m_numColors;           ///< entries of the colour table
   std::size_t m_bitsAt;              ///< where the pixels start in m_dib
+  std::size_t m_fileBytes;           ///< of the file, by which the texture is bounded
   CPalette m_palette;                ///< made from the colour table
   std::vector<unsigned char> m_texture;
   int m_textureWidth;

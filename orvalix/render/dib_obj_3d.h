@@ -43,7 +43,8 @@ class ORVALIX_API CDIBObj3D {
 
   /// Draws the picture. While the norm mode is 0, the norm plane points are made from the plane
   /// points before, by the transform's present scale. Does nothing without a context, a transform
-  /// or a bitmap.
+  /// or a bitmap, nor where a corner has no place, or where the driver takes no texture of that
+  /// size.
   void DrawDIBObj();
 
   /// The bitmap file, which the next InitDIBObj() loads. Default empty.
@@ -77,7 +78,7 @@ class ORVALIX_API CDIBObj3D {
   int GetClassTag() const;
 
   /// Writes the record to an open file. Null does nothing.
-  /// @throws CErr3D type 7, class 10, "Save"
+  /// @throws CErr3D class 10, "Save": type 7, or type 2 when memory runs out
   void Save(void* file) const;
   /// Reads the record from an open file; the counter becomes the stored one. The bitmap is loaded
   /// by the next InitDIBObj(). Null does nothing.

@@ -1,5 +1,6 @@
 #include "orvalix/render/dib_section.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -48,11 +49,7 @@ BITMAPFILEHEADER FileHeader(DWORD pixelBytes) {
 }  // namespace
 
 CDIBSection::CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel)
-    : m_bits(nullptr),
-      m_header{},
-      m_colorTable{},
-      m_normPrintRect{0.0, 0.0, 1.0, 1.0},
-      m_targetDC(nullptr) {
+    : m_bits(nullptr), m_colorTable{}, m_normPrintRect{0.0, 0.0, 1.0, 1.0}, m_targetDC(nullptr) {
   CreateCDIBSection(windowDC, targetDC, width, height, bitsPerPixel);
 }
 
@@ -60,7 +57,8 @@ CDIBSection::~CDIBSection() = default;
 
 void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int) {
   m_targetDC = targetDC;
-  if (windowDC == nullptr) return;
+  // A bitmap of negative height stands top row first, in files too: nothing here is made for that.
+  if (windowDC == nullptr || height < 0) return;
   const int bitCount = windowDC->GetDeviceCaps(BITSPIXEL) * windowDC->GetDeviceCaps(PLANES);
   orvalix::SectionInfo info{};
   info.header.biSize = sizeof(BITMAPINFOHEADER);
@@ -70,7 +68,6 @@ void CDIBSection::CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int
   info.header.biBitCount = static_cast<WORD>(bitCount);
   info.header.biCompression = BI_RGB;
   info.header.biSizeImage = ImageBytes(bitCount, width, height);
-  m_header = info.header;
   m_bitmap.Attach(
       CreateDIBSection(windowDC->GetSafeHdc(), info.Get(), DIB_RGB_COLORS, &m_bits, nullptr, 0));
 }
@@ -110,6 +107,11 @@ void CDIBSection::GetCDIBColorTable() {
   GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, m_colorTable.data());
 }
 
+void CDIBSection::CopyColors(RGBQUAD* colors) const {
+  std::copy(m_colorTable.begin(), m_colorTable.end(), colors);
+  if (m_targetDC != nullptr) GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors);
+}
+
 void CDIBSection::SetCDIBColorTable(HPALETTE palette) {
   if (palette == nullptr || m_targetDC == nullptr) return;
   std::array<PALETTEENTRY, kColors> entries{};
@@ -138,6 +140,9 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
   if (GetBitmapHandle() == nullptr || m_targetDC == nullptr) {
     orvalix::ThrowError(ERR3D_DIB_HANDLE, ERR3DCLASS_DIBSECTION, kPlace);
   }
+  auto colors = orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, kPlace,
+                                              [] { return std::vector<RGBQUAD>(kColors); });
+  CopyColors(colors.data());
   CFile file;
   if (!file.Open(fileName, CFile::modeCreate | CFile::modeWrite)) {
     orvalix::ThrowError(ERR3D_FILE_OPEN_OUTPUT, ERR3DCLASS_DIBSECTION, kPlace);
@@ -145,13 +150,11 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
   const BITMAPINFOHEADER header = GetDIBHeader();
   const DWORD pixelBytes = ImageBytes(header.biBitCount, header.biWidth, header.biHeight);
   const BITMAPFILEHEADER fileHeader = FileHeader(pixelBytes);
-  std::array<RGBQUAD, kColors> colors{};
-  GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors.data());
 
   orvalix::WithFileErrors(ERR3DCLASS_DIBSECTION, kPlace, [&] {
     file.Write(&fileHeader, sizeof(fileHeader));
     file.Write(&header, sizeof(header));
-    file.Write(colors.data(), sizeof(colors));
+    file.Write(colors.data(), static_cast<UINT>(colors.size() * sizeof(RGBQUAD)));
     file.Write(m_bits, pixelBytes);
     file.Close();
   });
@@ -169,7 +172,7 @@ HGLOBAL CDIBSection::GetDIBSectionAsDIB() const {
   if (bytes == nullptr) orvalix::ThrowError(ERR3D_MEM_ALLOC, ERR3DCLASS_DIBSECTION, kPlace);
   auto colors = orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, kPlace,
                                               [] { return std::vector<RGBQUAD>(kColors); });
-  GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, kColors, colors.data());
+  CopyColors(colors.data());
 
   std::memcpy(bytes, &header, sizeof(header));
   std::memcpy(bytes + sizeof(header), colors.data(), colors.size() * sizeof(RGBQUAD));

@@ -13,10 +13,11 @@
 /// Where a colour table is read or written, the bitmap must be selected into its device context.
 class ORVALIX_API CDIBSection {
  public:
-  /// Creates the bitmap in the colour depth of `windowDC`; without one, an empty section.
+  /// Creates the bitmap in the colour depth of `windowDC`; without one, an empty section. The
+  /// palette of an 8-bit bitmap is made by CreateRGBPalette(), which a rendering context calls.
   /// @param windowDC device context whose depth the bitmap takes; used only here
   /// @param targetDC device context that the bitmap will be selected into; not owned
-  /// @param width, height size in pixels
+  /// @param width, height size in pixels; one that isn't positive makes an empty section
   /// @param bitsPerPixel not consulted: the window's depth decides
   CDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel);
   /// Deletes the bitmap and the palette.
@@ -47,15 +48,17 @@ class ORVALIX_API CDIBSection {
   /// @throws CErr3D type 2, class 9, "CreateRGBPalette"
   void CreateRGBPalette();
   /// Writes the bitmap as a bitmap file: file header, information header, 256 colours whatever the
-  /// depth, pixels from byte 1078 on.
-  /// @throws CErr3D class 9, "SaveDIB": type 6 when the file can't be made, type 7 when a write
-  ///   fails, type 8 when there is no bitmap
+  /// depth, pixels from byte 1078 on. A bitmap that isn't selected has the colours as last read or
+  /// set.
+  /// @throws CErr3D class 9, "SaveDIB": type 8 when there is no bitmap or no target device context,
+  ///   type 2 without memory for the colours, type 6 when the file can't be made, type 7 when a
+  ///   write fails
   void SaveDIB(const CString& fileName) const;
   /// Packs the bitmap into one block of memory, as a clipboard takes it: information header, 256
-  /// colours whatever the depth, pixels from byte 1064 on.
+  /// colours whatever the depth (as in SaveDIB()), pixels from byte 1064 on.
   /// @return a movable block, not locked, which belongs to the caller (GlobalFree())
   /// @throws CErr3D class 9, "GetDIBSectionAsDIB": type 1 without memory for the block, type 2
-  ///   without memory for the colours, type 8 when there is no bitmap
+  ///   without memory for the colours, type 8 when there is no bitmap or no target device context
   HGLOBAL GetDIBSectionAsDIB() const;
 
   /// @name Printing
@@ -91,7 +94,8 @@ class ORVALIX_API CDIBSection {
 
   /// Addition: the platform's handle of the bitmap; null when there is none.
   HBITMAP GetBitmapHandle() const;
-  /// Addition: the platform's handle of the palette; null when the depth needs none.
+  /// Addition: the platform's handle of the palette; null until CreateRGBPalette() has made one,
+  /// and when the depth needs none.
   HPALETTE GetPaletteHandle() const;
   /// Addition: the device context that the bitmap is drawn through.
   CDC* GetTargetDC() const;
@@ -100,13 +104,14 @@ class ORVALIX_API CDIBSection {
 
  private:
   void CreateCDIBSection(CDC* windowDC, CDC* targetDC, int width, int height, int bitsPerPixel);
+  /// Stores 256 colours: those of the selected bitmap, else as last read or set.
+  void CopyColors(RGBQUAD* colors) const;
   /// Sends `rows` rows, from `firstRow` on as counted from the top, to their share of the place.
   /// @return false when the printer refuses
   bool PrintBand(CDC* printer, const RECT& place, int firstRow, int rows) const;
 
   void* m_bits;                           ///< the pixels; they belong to m_bitmap
   CBitmap m_bitmap;                       ///< lives on while a device context holds it
-  BITMAPINFOHEADER m_header;              ///< what the bitmap was created with
   std::array<RGBQUAD, 256> m_colorTable;  ///< as last read or set
   REALRECT m_normPrintRect;               ///< fractions of the page, for print mode 3
   CPalette m_palette;                     ///< of an 8-bit bitmap

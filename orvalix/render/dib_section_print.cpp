@@ -79,7 +79,7 @@ void CDIBSection::PrintDIBSection(CDC* printer, unsigned short mode, const char*
 }
 
 bool CDIBSection::PrintBand(CDC* printer, const RECT& place, int firstRow, int rows) const {
-  orvalix::SectionInfo info{GetDIBHeader(), m_colorTable};
+  orvalix::SectionInfo info{GetDIBHeader(), {}};
   const int width = info.header.biWidth;
   const int height = info.header.biHeight;
   const int placeWidth = Extent(place.left, place.right);
@@ -89,16 +89,12 @@ bool CDIBSection::PrintBand(CDC* printer, const RECT& place, int firstRow, int r
   // A place that is too small or inside out shows nothing of these rows.
   if (placeWidth == 0 || bottom == top) return true;
 
-  if (m_targetDC != nullptr) {
-    GetDIBColorTable(m_targetDC->GetSafeHdc(), 0, orvalix::kSectionColors, info.colors.data());
-  }
-  // The platform reports every height as positive; the one asked for tells which row stands first.
-  const bool isTopFirst = m_header.biHeight < 0;
-  info.header.biHeight = isTopFirst ? -rows : rows;
+  CopyColors(info.colors.data());
+  info.header.biHeight = rows;
   info.header.biSizeImage = 0;  // of an uncompressed bitmap, told by its extents
-  const int rowsBefore = isTopFirst ? firstRow : height - firstRow - rows;
+  const int rowsBelow = height - firstRow - rows;
   const auto* bits =
-      static_cast<const std::byte*>(FindDIBBits()) + std::int64_t{rowsBefore} * StorageWidth();
+      static_cast<const std::byte*>(FindDIBBits()) + std::int64_t{rowsBelow} * StorageWidth();
   return printer->StretchDIBits(place.left, place.top + top, placeWidth, bottom - top, 0, 0, width,
                                 rows, bits, info.Get(), DIB_RGB_COLORS, SRCCOPY) > 0;
 }

@@ -68,6 +68,8 @@ TEST(ChartView3D, ReportsBitmapsThatCannotBeMade) {
   ASSERT_TRUE(window.CreateOffscreen(10, 10));
   EXPECT_EQ(Catch([&] { CChartView3D view(&window, -10, 10); }),
             (CaughtError{3, 6, "MakeCompatibleBitmap"}));
+  EXPECT_EQ(Catch([&] { CChartView3D view(&window, 10, -10); }),
+            (CaughtError{3, 6, "MakeCompatibleBitmap"}));
   EXPECT_EQ(Catch([&] { CChartView3D view(&window, 2000000000, 2000000000); }),
             (CaughtError{3, 6, "MakeCompatibleBitmap"}));
   // Possible as a bitmap, but wider than OpenGL can draw.

@@ -211,6 +211,29 @@ TEST_F(DibDamage, MemoryIsBoundedByTheFile) {
   EXPECT_LE(largest(colors), 1000U);
 }
 
+TEST_F(DibDamage, TexturesAreBoundedByTheFile) {
+  constexpr std::size_t kAlways = std::size_t{16} << 20;
+  const auto sides = [](const BitmapFile& file, std::size_t most) {
+    const TemporaryFile stored(Encode(file));
+    CDib dib(stored.Path());
+    const AllocationMeter meter;
+    EXPECT_NE(dib.TranslateDIBToOGL(nullptr), nullptr);
+    EXPECT_LE(meter.Largest(), most + 2000);
+    return std::pair(dib.GetTextureWidth(), dib.GetTextureHeight());
+  };
+  // 66,000 bytes of runs could fill 8000 x 1000 pixels; a texture of 8192 x 1024 has 32 MiB.
+  BitmapFile runs = Runs();
+  runs.width = 8000;
+  runs.height = 1000;
+  runs.pixels.assign(66000, 0);
+  EXPECT_EQ(sides(runs, kAlways), std::pair(4096, 1024));
+  // Twice as many bytes don't reach 32 MiB / 64; eight times as many do.
+  runs.pixels.assign(132000, 0);
+  EXPECT_EQ(sides(runs, kAlways), std::pair(4096, 1024));
+  runs.pixels.assign(528000, 0);
+  EXPECT_EQ(sides(runs, 2 * kAlways), std::pair(8192, 1024));
+}
+
 TEST_F(DibDamage, MemoryThatRunsOutIsAnError) {
   const TemporaryFile runs(Encode(Runs()));
   const CaughtError noFile{5, 8, "LoadBitmapFile"};  // the file's name is copied first

@@ -5,8 +5,10 @@
 #include <cstring>
 #include <string>
 
+#include "support/allocation_failure.h"
 #include "support/caught_error.h"
 #include "support/offscreen.h"
+#include "support/section.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -14,7 +16,9 @@ namespace {
 using orvalix::test::Bytes;
 using orvalix::test::Catch;
 using orvalix::test::CaughtError;
+using orvalix::test::FailEachAllocation;
 using orvalix::test::Offscreen;
+using orvalix::test::Section;
 using orvalix::test::TemporaryFile;
 
 unsigned Number(const Bytes& bytes, std::size_t at, std::size_t size) {
@@ -80,10 +84,44 @@ TEST(DIBSection, ImpossibleSizesMakeNoBitmap) {
   ASSERT_TRUE(window.CreateOffscreen(4, 4));
   CDC memory;
   for (const auto& [width, height] : std::initializer_list<std::pair<int, int>>{
-           {0, 4}, {4, 0}, {-4, 4}, {2147483647, 2147483647}, {2147483647, 1}}) {
+           {0, 4}, {4, 0}, {-4, 4}, {4, -4}, {2147483647, 2147483647}, {2147483647, 1}}) {
     const CDIBSection dib(window.GetDC(), &memory, width, height, 32);
     EXPECT_EQ(dib.GetBitmapHandle(), nullptr) << width << " x " << height;
   }
+}
+
+TEST(DIBSection, IsSavedWithTheColorsLastReadWhenItIsNotSelected) {
+  Section section(1, 1, 8);
+  const RGBQUAD color{1, 2, 3, 0};
+  SetDIBColorTable(section.memory.GetSafeHdc(), 255, 1, &color);
+  section.dib.GetCDIBColorTable();
+  section.memory.DeleteDC();
+  const TemporaryFile file;
+  section.dib.SaveDIB(file.Path());
+  const Bytes saved = file.Read();
+  ASSERT_EQ(saved.size(), 1082U);
+  EXPECT_EQ(saved[1074], 1);
+  EXPECT_EQ(saved[1075], 2);
+  EXPECT_EQ(saved[1076], 3);
+  const HGLOBAL block = section.dib.GetDIBSectionAsDIB();
+  const auto* const bytes = static_cast<const unsigned char*>(GlobalLock(block));
+  ASSERT_NE(bytes, nullptr);
+  EXPECT_EQ(bytes[1060], 1);
+  GlobalFree(block);
+}
+
+TEST(DIBSection, SavesNothingWithoutMemoryForItsColors) {
+  const Section section(1, 1);
+  const TemporaryFile file(Bytes(6));
+  const CString path = file.Path();
+  bool isReported = false;
+  FailEachAllocation([&] {
+    const CaughtError error = Catch([&] { section.dib.SaveDIB(path); });
+    if (error != CaughtError{2, 9, "SaveDIB"}) return;
+    isReported = true;
+    EXPECT_EQ(file.Read().size(), 6U);
+  });
+  EXPECT_TRUE(isReported);
 }
 
 TEST(DIBSection, MayBeDestroyedWhileItIsSelected) {

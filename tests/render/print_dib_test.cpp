@@ -171,19 +171,6 @@ TEST(PrintDIB, StandsInItsPlaceTheRightWayUp) {
   for (int y = 1; y < 9; ++y) EXPECT_EQ(page.Row(y), y < 5 ? upper : lower) << y;
 }
 
-TEST(PrintDIB, TopFirstBitmapsStandTheRightWayUpToo) {
-  // 262144 pixels of 4 bytes are 1 MiB: four rows a strip.
-  const Section section(262144, -6);
-  auto* const bits = static_cast<unsigned char*>(section.dib.FindDIBBits());
-  for (int y = 0; y < 6; ++y) {
-    std::fill_n(bits + std::ptrdiff_t{y} * section.dib.StorageWidth(), section.dib.StorageWidth(),
-                static_cast<unsigned char>(y + 1));
-  }
-  PixelPage page(1, 6);
-  section.dib.PrintDIB(&page, kWholePage, "");
-  EXPECT_EQ(page.Column(0), (std::vector<int>{1, 2, 3, 4, 5, 6}));
-}
-
 TEST(PrintDIB, StripsShowWhatTheWholeBitmapWould) {
   // Four rows a strip: strips of 4, 4 and 2 rows.
   constexpr int kRows = 10;
