@@ -9,53 +9,53 @@ namespace {
 template <class Record>
 void RecordPadding(Record& record) {
   int padding = 0;
-  record.Field(padding);
+  record.Field("padding", padding);
 }
 
 }  // namespace
 
 template <class Record, class GridOrConst>
 void CAxes3D::RecordGrid(Record& record, GridOrConst& grid) {
-  record.Field(grid.nthTic1);
-  record.Field(grid.nthTic2);
-  record.Field(grid.wallFlag);
+  record.Field("grid nth tic 1", grid.nthTic1);
+  record.Field("grid nth tic 2", grid.nthTic2);
+  record.Field("grid wall flag", grid.wallFlag);
   RecordPadding(record);
-  record.Field(grid.thickness);
-  record.Field(grid.style);
+  record.Field("grid thickness", grid.thickness);
+  record.Field("grid style", grid.style);
   RecordPadding(record);
-  record.Field(grid.color);
-  record.Field(grid.enable);
+  record.Field("grid colour", grid.color);
+  record.Field("grid enable", grid.enable);
   RecordPadding(record);
 }
 
 template <class Record, class PlaneOrConst>
 void CAxes3D::RecordPlane(Record& record, PlaneOrConst& plane) {
-  record.Field(plane.color);
-  record.Field(plane.outlineColor);
-  record.Field(plane.wallThickness);
-  record.Field(plane.wallOffset);
-  record.Field(plane.outlineWidth);
-  record.Field(plane.wallMode);
-  record.Field(plane.enable);
+  record.Field("plane colour", plane.color);
+  record.Field("plane outline colour", plane.outlineColor);
+  record.Field("plane wall thickness", plane.wallThickness);
+  record.Field("plane wall offset", plane.wallOffset);
+  record.Field("plane outline width", plane.outlineWidth);
+  record.Field("plane wall mode", plane.wallMode);
+  record.Field("plane enable", plane.enable);
 }
 
 template <class Record, class Self>
 void CAxes3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
   for (auto& axis : self.m_axes) record.Child(*axis);
   for (auto& labels : self.m_axisLabels) record.Child(*labels);
   for (auto& grid : self.m_grids) RecordGrid(record, grid);
   for (auto& plane : self.m_planes) RecordPlane(record, plane);
-  for (auto& axes : self.m_planeAxes) record.Fields(axes);
-  record.Field(self.m_min);
-  record.Field(self.m_max);
-  record.Fields(self.m_axisColorModes);
-  record.Fields(self.m_planeColorModes);
+  for (auto& axes : self.m_planeAxes) record.Fields("plane axes", axes);
+  record.Field("minimum", self.m_min);
+  record.Field("maximum", self.m_max);
+  record.Fields("axis colour modes", self.m_axisColorModes);
+  record.Fields("plane colour modes", self.m_planeColorModes);
   // Kept: the axes' switches stand before the labels'; stored charts have them so.
-  record.Fields(self.m_axisEnable);
-  record.Fields(self.m_axisLabelsEnable);
-  record.Field(self.m_outlineMode);
+  record.Fields("axis enable", self.m_axisEnable);
+  record.Fields("axis labels enable", self.m_axisLabelsEnable);
+  record.Field("outline mode", self.m_outlineMode);
 }
 
 void CAxes3D::Save(void* file) const {

@@ -295,28 +295,28 @@ void CAxis3D::calcticpoint(point3Dtype& point, double length, int direction) con
 
 template <class Record, class Self>
 void CAxis3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_axis);
-  record.Field(self.m_ticDir);
-  record.Field(self.m_style);
-  record.Field(self.m_nthTicMajor);
-  record.Field(self.m_colorMode);
-  record.Field(self.m_axisColor);
-  record.Field(self.m_ticColor);
-  record.Field(self.m_thickness);
-  record.Field(self.m_min);
-  record.Field(self.m_max);
-  record.Field(self.m_start);
-  record.Field(self.m_stop);
-  record.Field(self.m_minorTicLength);
-  record.Field(self.m_majorTicLength);
-  record.Field(self.m_wallThickness);
-  record.Field(self.m_ticSpace);
-  record.Field(self.m_centerPoint);
-  record.Field(self.m_intercept1);
-  record.Field(self.m_intercept2);
-  record.Field(self.m_axisSet);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("axis", self.m_axis);
+  record.Field("tic direction", self.m_ticDir);
+  record.Field("style", self.m_style);
+  record.Field("nth tic major", self.m_nthTicMajor);
+  record.Field("colour mode", self.m_colorMode);
+  record.Field("axis colour", self.m_axisColor);
+  record.Field("tic colour", self.m_ticColor);
+  record.Field("thickness", self.m_thickness);
+  record.Field("minimum", self.m_min);
+  record.Field("maximum", self.m_max);
+  record.Field("start", self.m_start);
+  record.Field("stop", self.m_stop);
+  record.Field("minor tic length", self.m_minorTicLength);
+  record.Field("major tic length", self.m_majorTicLength);
+  record.Field("wall thickness", self.m_wallThickness);
+  record.Field("tic spacing", self.m_ticSpace);
+  record.Field("centre point", self.m_centerPoint);
+  record.Field("intercept 1", self.m_intercept1);
+  record.Field("intercept 2", self.m_intercept2);
+  record.Field("set", self.m_axisSet);
   if constexpr (Record::kReading) self.m_axis = orvalix::ValidAxis(self.m_axis);
 }
 

@@ -26,10 +26,10 @@ constexpr std::size_t kLeastDIBObjBytes = 216;
 /// A count, then the record of each object. On reading, `make(chart)` makes the next object, and
 /// `bind(chart, object)` gets it once it has been read.
 template <class Record, class Chart, class T, class Make, class Bind>
-void RecordList(Record& record, Chart& chart, const orvalix::ObjectList<T>& list,
+void RecordList(Record& record, const char* name, Chart& chart, const orvalix::ObjectList<T>& list,
                 std::size_t leastBytes, Make make, Bind bind) {
   int count = Record::kReading ? 0 : list.Count();
-  record.Count(count, leastBytes);
+  record.Count(name, count, leastBytes);
   if constexpr (Record::kReading) {
     for (int i = 0; i < count; ++i) {
       T* object = make(chart);
@@ -45,27 +45,27 @@ void RecordList(Record& record, Chart& chart, const orvalix::ObjectList<T>& list
 
 template <class Record, class Self>
 void CChart3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_viewAspectFactor);
-  record.Field(self.m_chartAspect);
-  record.Field(self.m_fontHeightSF);
-  record.Field(self.m_fontSize);
-  record.Field(self.m_spareScale);
-  record.Field(self.m_borderThickness);
-  record.Field(self.m_borderColor);
-  record.Field(self.m_chartEnable);
-  record.Field(self.m_borderEnable);
-  record.Field(self.m_viewport);
-  record.Field(self.m_position);
-  record.Field(self.m_lightPosition);
-  record.Field(self.m_ambientLight);
-  record.Field(self.m_diffuseLight);
-  record.Field(self.m_chartBkColor);
-  record.Fields(self.m_textureColors);
-  record.Field(self.m_textureMinimum);
-  record.Field(self.m_textureMaximum);
-  record.Field(self.m_textureMode);
-  record.Field(self.m_numTextureColors);
+  record.Field("counter", nSelfID);
+  record.Field("view aspect factor", self.m_viewAspectFactor);
+  record.Field("chart aspect", self.m_chartAspect);
+  record.Field("font height scale factor", self.m_fontHeightSF);
+  record.Field("font size", self.m_fontSize);
+  record.Field("spare scale", self.m_spareScale);
+  record.Field("border thickness", self.m_borderThickness);
+  record.Field("border colour", self.m_borderColor);
+  record.Field("chart enable", self.m_chartEnable);
+  record.Field("border enable", self.m_borderEnable);
+  record.Field("viewport", self.m_viewport);
+  record.Field("position", self.m_position);
+  record.Field("light position", self.m_lightPosition);
+  record.Field("ambient light", self.m_ambientLight);
+  record.Field("diffuse light", self.m_diffuseLight);
+  record.Field("background colour", self.m_chartBkColor);
+  record.Fields("texture colours", self.m_textureColors);
+  record.Field("texture minimum", self.m_textureMinimum);
+  record.Field("texture maximum", self.m_textureMaximum);
+  record.Field("texture mode", self.m_textureMode);
+  record.Field("number of texture colours", self.m_numTextureColors);
   if constexpr (Record::kReading) {
     // The array is walked up to this number, so a number from a file must fit it.
     self.m_numTextureColors =
@@ -73,25 +73,26 @@ void CChart3D::RecordFields(Record& record, Self& self) {
   }
   record.Child(*self.m_header);
   RecordList(
-      record, self, self.m_transforms, kTransformBytes,
+      record, "number of transforms", self, self.m_transforms, kTransformBytes,
       [](auto& chart) { return chart.NewTransform(); }, [](auto&, CTransform3D&) {});
   RecordList(
-      record, self, self.m_axes, kLeastAxesBytes,
+      record, "number of axes frames", self, self.m_axes, kLeastAxesBytes,
       [](auto& chart) { return chart.AppendUnboundAxes(); },
       [](auto& chart, CAxes3D& axes) { chart.BindAxes(axes); });
   RecordList(
-      record, self, self.m_chartTexts, kLeastTextBytes,
+      record, "number of texts", self, self.m_chartTexts, kLeastTextBytes,
       [](auto& chart) { return chart.NewChartTextObj(); },
       [](auto& chart, CTextObj3D& text) { chart.BindText(text); });
   RecordList(
-      record, self, self.m_chartObjs, kLeastChartObjBytes,
+      record, "number of series", self, self.m_chartObjs, kLeastChartObjBytes,
       [](auto& chart) { return chart.NewChartObj(); },
       [](auto& chart, CChartObj3D& chartObj) { chart.BindChartObj(chartObj); });
   RecordList(
-      record, self, self.m_auxObjs, kAuxObjBytes, [](auto& chart) { return chart.NewAuxObj(); },
+      record, "number of shapes", self, self.m_auxObjs, kAuxObjBytes,
+      [](auto& chart) { return chart.NewAuxObj(); },
       [](auto& chart, CAuxObj3D& auxObj) { chart.BindAuxObj(auxObj); });
   RecordList(
-      record, self, self.m_dibObjs, kLeastDIBObjBytes,
+      record, "number of pictures", self, self.m_dibObjs, kLeastDIBObjBytes,
       [](auto& chart) { return chart.NewDIBObj(); },
       [](auto& chart, CDIBObj3D& dibObj) { chart.BindDIBObj(dibObj); });
 }

@@ -95,12 +95,13 @@ class ORVALIX_API CChartView3D {
   /// without a handle or a view that has no bitmap yet.
   /// @throws CErr3D type 14, class 6, "InitDeviceContext" when the window gives no device context
   void DrawViewScreen();
-  /// Draws the view at the bitmap's size and writes it as a bitmap file.
+  /// Draws the view at the bitmap's size and writes it as a bitmap file. A file of that name stays
+  /// as it was until the new one is complete, and when it can't be completed.
   /// @throws CErr3D type 8, class 6, "SaveToFile" when the view has no bitmap yet; class 9 as
   ///   CDIBSection::SaveDIB()
   void SaveToFile(const CString& name);
   /// Addition: draws the view at the bitmap's size and writes it as a PNG file of 24-bit colour,
-  /// which loses nothing of the picture. A file that can't be finished is left as far as it came.
+  /// which loses nothing of the picture. Replaces a file of that name as SaveToFile() does.
   /// @throws CErr3D class 6, "SaveToPng": type 8 when the view has no bitmap yet, type 6 when the
   ///   file can't be made, type 7 when a write fails, type 2 when memory runs out
   void SaveToPng(const CString& name);
@@ -138,12 +139,22 @@ class ORVALIX_API CChartView3D {
   /// @name Chart file
   /// @{
 
-  /// Writes the view with everything in it.
-  /// @throws CErr3D "Save": type 6, class 6 when the file can't be made; type 7 when a write fails
+  /// Writes the view with everything in it: docs/chart-file.md tells the format. A file of that
+  /// name stays as it was until the new one is complete, and when it can't be completed; but
+  /// devices, files with several names, files of another owner, and files in folders that take no
+  /// new ones are written in place.
+  /// @throws CErr3D "Save": type 6, class 6 when the file can't be made; type 7, or type 2 when
+  ///   memory runs out, of the class in whose record it happened
   void Save(const CString& name) const;
   /// Replaces everything in the view by what the file holds. When the file can't be opened the
   /// view is unchanged; after any later failure it keeps what was loaded so far.
-  /// @throws CErr3D "Load": type 5, class 6 when the file can't be opened; type 7
+  ///
+  /// Files are not trusted: none makes the library take more memory than a small multiple of its
+  /// own size. A file that ends early is no failure where it ends between two fields: what it
+  /// doesn't hold keeps its defaults.
+  /// @throws CErr3D "Load": type 5, class 6 when the file can't be opened; type 7 for a file that
+  ///   contradicts itself or can't be read, of the class in whose record it happened; type 2 or 3
+  ///   when memory runs out
   void Load(const CString& name);
   /// @}
 

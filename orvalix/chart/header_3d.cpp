@@ -120,13 +120,13 @@ void CHeader3D::DrawHeader() {
 
 template <class Record, class Self>
 void CHeader3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_headerMargin);
-  record.Field(self.m_viewAspect);
-  record.Field(self.m_fontHeightSF);
-  record.Field(self.m_fontSize);
-  record.Field(self.m_headerEnable);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("header margin", self.m_headerMargin);
+  record.Field("view aspect", self.m_viewAspect);
+  record.Field("font height scale factor", self.m_fontHeightSF);
+  record.Field("font size", self.m_fontSize);
+  record.Field("header enable", self.m_headerEnable);
   record.Child(*self.m_title1);
   record.Child(*self.m_title2);
   record.Child(*self.m_footer);

@@ -208,16 +208,16 @@ int CLegendObj3D::GetClassTag() const { return m_classTag; }
 
 template <class Record, class Self>
 void CLegendObj3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_textColor);
-  record.Field(self.m_symbolColor);
-  record.Field(self.m_symbol);
-  record.Field(self.m_enable);
-  record.Field(self.m_symbolScale);
-  record.Field(self.m_textPosition);
-  record.Field(self.m_symbolPosition);
-  record.Field(self.m_symbolRotation);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("text colour", self.m_textColor);
+  record.Field("symbol colour", self.m_symbolColor);
+  record.Field("symbol", self.m_symbol);
+  record.Field("enable", self.m_enable);
+  record.Field("symbol scale", self.m_symbolScale);
+  record.Field("text position", self.m_textPosition);
+  record.Field("symbol position", self.m_symbolPosition);
+  record.Field("symbol rotation", self.m_symbolRotation);
   record.Child(*self.m_text);
 }
 

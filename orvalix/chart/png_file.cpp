@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/foundation/write_file_internal.h"
 #include "orvalix/render/dib_section.h"
 
 namespace orvalix {
@@ -165,15 +166,10 @@ Outcome WriteRows(const RgbRows& rows, CFile& file) {
 
 void WritePngFile(CDIBSection& dib, const CString& fileName, CErr3DClass errorClass,
                   const char* place) {
-  CFile file;
-  if (!file.Open(fileName, CFile::modeCreate | CFile::modeWrite)) {
-    ThrowError(ERR3D_FILE_OPEN_OUTPUT, errorClass, place);
-  }
-  WithFileErrors(errorClass, place, [&] {
+  WriteWholeFile(fileName, errorClass, place, [&](CFile& file) {
     const Outcome outcome = WriteRows(RgbRows(dib), file);
     if (outcome == Outcome::kNoMemory) ThrowError(ERR3D_ARRAY_NEW, errorClass, place);
     if (outcome == Outcome::kWriteFailed) ThrowError(ERR3D_DISK_IO, errorClass, place);
-    file.Close();
   });
 }
 

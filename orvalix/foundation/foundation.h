@@ -10,5 +10,6 @@
 #include "orvalix/foundation/persisted_string.h"
 #include "orvalix/foundation/planes.h"
 #include "orvalix/foundation/points.h"
+#include "orvalix/foundation/record_trace.h"
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/foundation/vectors.h"

@@ -7,7 +7,7 @@ void WriteCString(void* file, CString const& s) {
   if (file == nullptr) return;
   orvalix::WithFileErrors(ERR3DCLASS_NONE, "WriteCString", [&] {
     orvalix::RecordWriter writer(file);
-    writer.Field(s);
+    writer.Field("text", s);
     writer.Flush();
   });
 }
@@ -16,6 +16,6 @@ void ReadCString(void* file, CString& s) {
   if (file == nullptr) return;
   orvalix::WithFileErrors(ERR3DCLASS_NONE, "ReadCString", [&] {
     orvalix::RecordReader reader(file);
-    reader.Field(s);
+    reader.Field("text", s);
   });
 }

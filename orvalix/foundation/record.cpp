@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <bit>
-#include <limits>
 
 #include "orvalix/foundation/record_internal.h"
 #include "orvalix/host/file_handle_internal.h"
@@ -11,10 +10,9 @@ namespace {
 /// Bytes that are gathered at most, and read at once from files of unknown length.
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-/// What BytesLeft() says of a pipe or a device.
-constexpr std::uint64_t kUnknownLength = std::numeric_limits<std::uint64_t>::max();
-/// Elements at most in a file that has no end to tell, such as a pipe.
+/// Elements of a list, and bytes of an array, at most in a file that has no end to tell.
 constexpr int kMostOfUnknownLength = 10000;
+constexpr std::uint64_t kMostBytesOfUnknownLength = std::uint64_t{256} << 20;
 
 /// The bits of a number, wide enough for every kind.
 std::uint64_t BitsOf(int value) { return static_cast<std::uint32_t>(value); }
@@ -51,49 +49,53 @@ void RecordWriter::RequireElements(std::int64_t count, std::size_t elements) {
   }
 }
 
-void RecordWriter::Field(const int& value) { Append(BitsOf(value), sizeof(int)); }
+void RecordWriter::Field(const char*, const int& value) { Append(BitsOf(value), sizeof(int)); }
 
-void RecordWriter::Field(const double& value) { Append(BitsOf(value), sizeof(double)); }
-
-void RecordWriter::Field(const point3Dtype& value) {
-  for (const double number : {value.x, value.y, value.z, value.v}) Field(number);
+void RecordWriter::Field(const char*, const double& value) {
+  Append(BitsOf(value), sizeof(double));
 }
 
-void RecordWriter::Field(const RGBDType& value) {
-  for (const double number : {value.red, value.green, value.blue, value.alpha}) Field(number);
+void RecordWriter::Field(const char* name, const point3Dtype& value) {
+  for (const double number : {value.x, value.y, value.z, value.v}) Field(name, number);
 }
 
-void RecordWriter::Field(const GLViewportType& value) {
-  for (const int number : {value.x, value.y, value.width, value.height}) Field(number);
+void RecordWriter::Field(const char* name, const RGBDType& value) {
+  for (const double number : {value.red, value.green, value.blue, value.alpha}) Field(name, number);
 }
 
-void RecordWriter::Field(const GLViewRType& value) {
-  for (const double number : {value.x, value.y, value.width, value.height}) Field(number);
+void RecordWriter::Field(const char* name, const GLViewportType& value) {
+  for (const int number : {value.x, value.y, value.width, value.height}) Field(name, number);
 }
 
-void RecordWriter::Field(const CString& value) {
+void RecordWriter::Field(const char* name, const GLViewRType& value) {
+  for (const double number : {value.x, value.y, value.width, value.height}) Field(name, number);
+}
+
+void RecordWriter::Field(const char* name, const CString& value) {
   const int length = value.GetLength();
-  Field(length);
+  Field(name, length);
   AppendBytes(static_cast<const char*>(value), static_cast<std::size_t>(length));
 }
 
-void RecordWriter::Array(const std::vector<CString>& values, std::int64_t count) {
+void RecordWriter::Array(const char* name, const std::vector<CString>& values, std::int64_t count) {
   RequireElements(count, values.size());
-  for (std::int64_t i = 0; i < count; ++i) Field(values[static_cast<std::size_t>(i)]);
+  for (std::int64_t i = 0; i < count; ++i) Field(name, values[static_cast<std::size_t>(i)]);
 }
 
-void RecordWriter::Count(const int& count, std::size_t) { Field(count); }
+void RecordWriter::Count(const char* name, const int& count, std::size_t) { Field(name, count); }
 
 void RecordWriter::Flush() {
   if (!m_bytes.empty()) WriteToHandle(m_file, m_bytes.data(), m_bytes.size());
   m_bytes.clear();
 }
 
-RecordReader::RecordReader(void* file) : m_file(file) {}
+RecordReader::RecordReader(void* file) : m_file(file), m_source(RecordSource::Of(file)) {
+  if (m_source == nullptr) m_source = &m_own.emplace(file);
+}
 
 bool RecordReader::Take(std::span<unsigned char> bytes) {
   if (m_ended) return false;
-  m_ended = ReadFromHandle(m_file, bytes.data(), bytes.size()) < bytes.size();
+  m_ended = m_source->Take(bytes.data(), bytes.size()) < bytes.size();
   return !m_ended;
 }
 
@@ -109,37 +111,37 @@ bool RecordReader::TakeNumbers(std::array<Number, N>& numbers) {
   return true;
 }
 
-void RecordReader::Field(int& value) {
+void RecordReader::Get(int& value) {
   std::array<int, 1> numbers;
   if (TakeNumbers(numbers)) value = numbers[0];
 }
 
-void RecordReader::Field(double& value) {
+void RecordReader::Get(double& value) {
   std::array<double, 1> numbers;
   if (TakeNumbers(numbers)) value = numbers[0];
 }
 
-void RecordReader::Field(point3Dtype& value) {
+void RecordReader::Get(point3Dtype& value) {
   std::array<double, 4> numbers;
   if (TakeNumbers(numbers)) value = {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-void RecordReader::Field(RGBDType& value) {
+void RecordReader::Get(RGBDType& value) {
   std::array<double, 4> numbers;
   if (TakeNumbers(numbers)) value = {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-void RecordReader::Field(GLViewportType& value) {
+void RecordReader::Get(GLViewportType& value) {
   std::array<int, 4> numbers;
   if (TakeNumbers(numbers)) value = {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-void RecordReader::Field(GLViewRType& value) {
+void RecordReader::Get(GLViewRType& value) {
   std::array<double, 4> numbers;
   if (TakeNumbers(numbers)) value = {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-void RecordReader::Field(CString& value) {
+void RecordReader::Get(CString& value) {
   std::array<int, 1> length;
   if (!TakeNumbers(length)) return;
   const std::vector<char> text = TakeElements<char>(length[0]);
@@ -147,33 +149,34 @@ void RecordReader::Field(CString& value) {
   value = CString(text.data(), static_cast<int>(end - text.begin()));
 }
 
-void RecordReader::Array(std::vector<CString>& values, std::int64_t count) {
-  if (m_ended) return;
+std::vector<CString> RecordReader::TakeTexts(std::int64_t count) {
   RequireRoom(count, sizeof(int));
   std::vector<CString> texts;
   for (std::int64_t i = 0; i < count; ++i) {
     CString text;
-    Field(text);
+    Get(text);
     if (m_ended) ThrowEnd();
     texts.push_back(std::move(text));
   }
-  values = std::move(texts);
+  return texts;
 }
 
-void RecordReader::Count(int& count, std::size_t leastBytesPerElement) {
+void RecordReader::GetCount(int& count, std::size_t leastBytesPerElement) {
   std::array<int, 1> number;
   if (!TakeNumbers(number)) return;
   RequireRoom(number[0], leastBytesPerElement);
-  if (BytesLeft(m_file) == kUnknownLength && number[0] > kMostOfUnknownLength) ThrowEnd();
+  if (m_source->BytesLeft() == RecordSource::kUnknownLength && number[0] > kMostOfUnknownLength)
+    ThrowEnd();
   count = number[0];
 }
 
 std::size_t RecordReader::RequireRoom(std::int64_t count, std::size_t bytesPerElement) const {
   const std::size_t bytes = std::max<std::size_t>(bytesPerElement, 1);
-  const std::uint64_t left = BytesLeft(m_file);
-  if (count < 0 || static_cast<std::uint64_t>(count) > left / bytes) ThrowEnd();
-  if (left == kUnknownLength) return std::max<std::size_t>(kBlock / bytes, 1);
-  return static_cast<std::size_t>(count);
+  const std::uint64_t left = m_source->BytesLeft();
+  const bool isKnown = left != RecordSource::kUnknownLength;
+  const std::uint64_t room = isKnown ? left : kMostBytesOfUnknownLength;
+  if (count < 0 || static_cast<std::uint64_t>(count) > room / bytes) ThrowEnd();
+  return isKnown ? static_cast<std::size_t>(count) : std::max<std::size_t>(kBlock / bytes, 1);
 }
 
 void RecordReader::ThrowEnd() { AfxThrowFileException(CFileException::endOfFile); }

@@ -29,7 +29,10 @@ void LoadRecord(void* file, CErr3DClass errorClass, Work&& work) {
   if (file == nullptr) return;
   WithFileErrors(errorClass, "Load", [&] {
     RecordReader reader(file);
+    CRecordTrace* const trace = CRecordTrace::Current();
+    if (trace != nullptr) trace->BeginRecord(errorClass, reader.Offset());
     std::forward<Work>(work)(reader);
+    if (trace != nullptr) trace->EndRecord(reader.Offset());
   });
 }
 

@@ -67,6 +67,15 @@ std::uint64_t BytesLeft(void* file) noexcept {
   return position < status.st_size ? static_cast<std::uint64_t>(status.st_size - position) : 0;
 }
 
+std::uint64_t PositionOf(void* file) noexcept {
+  const off_t position = ::lseek(DescriptorOfHandle(file), 0, SEEK_CUR);
+  return position < 0 ? 0 : static_cast<std::uint64_t>(position);
+}
+
+void MoveBack(void* file, std::size_t bytes) noexcept {
+  if (bytes != 0) ::lseek(DescriptorOfHandle(file), -static_cast<off_t>(bytes), SEEK_CUR);
+}
+
 // One is added so that descriptor 0 is no null handle; then -1 comes out as null, which the handle
 // of no file is not.
 void* HandleOfDescriptor(int descriptor) noexcept {

@@ -20,6 +20,12 @@ std::size_t ReadFromHandle(void* file, void* data, std::size_t size);
 /// end to tell, such as a device, and for a handle of no file.
 std::uint64_t BytesLeft(void* file) noexcept;
 
+/// Bytes in front of the position; 0 for a file that has no positions, and for a handle of no file.
+std::uint64_t PositionOf(void* file) noexcept;
+
+/// Moves the position towards the start. Files that have no positions stay where they are.
+void MoveBack(void* file, std::size_t bytes) noexcept;
+
 /// The handle of an open file descriptor, never null; CFile::hFileNull for -1.
 void* HandleOfDescriptor(int descriptor) noexcept;
 

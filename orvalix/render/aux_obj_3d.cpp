@@ -141,20 +141,20 @@ int CAuxObj3D::GetClassTag() const { return m_classTag; }
 
 template <class Record, class Self>
 void CAuxObj3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_type);
-  record.Field(self.m_solidType);
-  record.Field(self.m_colorMode);
-  record.Field(self.m_size.x);
-  record.Field(self.m_size.y);
-  record.Field(self.m_size.z);
-  record.Field(self.m_scaleFactor);
-  record.Field(self.m_location);
-  record.Field(self.m_normLocation);
-  record.Field(self.m_rotation);
-  record.Field(self.m_color);
-  record.Field(self.m_lineThickness);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("type", self.m_type);
+  record.Field("solid type", self.m_solidType);
+  record.Field("colour mode", self.m_colorMode);
+  record.Field("size 1", self.m_size.x);
+  record.Field("size 2", self.m_size.y);
+  record.Field("size 3", self.m_size.z);
+  record.Field("scale factor", self.m_scaleFactor);
+  record.Field("location", self.m_location);
+  record.Field("norm location", self.m_normLocation);
+  record.Field("rotation", self.m_rotation);
+  record.Field("colour", self.m_color);
+  record.Field("line thickness", self.m_lineThickness);
 }
 
 void CAuxObj3D::Save(void* file) const {

@@ -146,18 +146,18 @@ int CDIBObj3D::GetClassTag() const { return m_classTag; }
 
 template <class Record, class Self>
 void CDIBObj3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_planePoint1);
-  record.Field(self.m_planePoint2);
-  record.Field(self.m_planePoint3);
-  record.Field(self.m_normPlanePoint1);
-  record.Field(self.m_normPlanePoint2);
-  record.Field(self.m_normPlanePoint3);
-  record.Field(self.m_repeatX);
-  record.Field(self.m_repeatY);
-  record.Field(self.m_normMode);
-  record.Field(self.m_fileName);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("plane point 1", self.m_planePoint1);
+  record.Field("plane point 2", self.m_planePoint2);
+  record.Field("plane point 3", self.m_planePoint3);
+  record.Field("norm plane point 1", self.m_normPlanePoint1);
+  record.Field("norm plane point 2", self.m_normPlanePoint2);
+  record.Field("norm plane point 3", self.m_normPlanePoint3);
+  record.Field("repeat x", self.m_repeatX);
+  record.Field("repeat y", self.m_repeatY);
+  record.Field("norm mode", self.m_normMode);
+  record.Field("file name", self.m_fileName);
 }
 
 void CDIBObj3D::Save(void* file) const {

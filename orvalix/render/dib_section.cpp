@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "orvalix/foundation/record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/foundation/write_file_internal.h"
 #include "orvalix/render/palette_rules.h"
 #include "orvalix/render/pixel_format_internal.h"
 #include "orvalix/render/section_info_internal.h"
@@ -143,20 +143,15 @@ void CDIBSection::SaveDIB(const CString& fileName) const {
   auto colors = orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_DIBSECTION, kPlace,
                                               [] { return std::vector<RGBQUAD>(kColors); });
   CopyColors(colors.data());
-  CFile file;
-  if (!file.Open(fileName, CFile::modeCreate | CFile::modeWrite)) {
-    orvalix::ThrowError(ERR3D_FILE_OPEN_OUTPUT, ERR3DCLASS_DIBSECTION, kPlace);
-  }
   const BITMAPINFOHEADER header = GetDIBHeader();
   const DWORD pixelBytes = ImageBytes(header.biBitCount, header.biWidth, header.biHeight);
   const BITMAPFILEHEADER fileHeader = FileHeader(pixelBytes);
 
-  orvalix::WithFileErrors(ERR3DCLASS_DIBSECTION, kPlace, [&] {
+  orvalix::WriteWholeFile(fileName, ERR3DCLASS_DIBSECTION, kPlace, [&](CFile& file) {
     file.Write(&fileHeader, sizeof(fileHeader));
     file.Write(&header, sizeof(header));
     file.Write(colors.data(), static_cast<UINT>(colors.size() * sizeof(RGBQUAD)));
     file.Write(m_bits, pixelBytes);
-    file.Close();
   });
 }
 

@@ -198,19 +198,19 @@ int CFont3D::GetClassTag() const { return m_classTag; }
 
 template <class Record, class Self>
 void CFont3D::RecordFields(Record& record, Self& self) {
-  record.Field(self.m_spare);
-  record.Field(self.m_listBase);
-  record.Field(self.m_italic);
-  record.Field(self.m_underline);
-  record.Field(self.m_weight);
-  record.Field(self.m_numChars);
-  record.Field(self.m_extrusion);
-  record.Field(self.m_rendering);
-  record.Field(self.m_spareFactor);
+  record.Field("spare", self.m_spare);
+  record.Field("list base", self.m_listBase);
+  record.Field("italic", self.m_italic);
+  record.Field("underline", self.m_underline);
+  record.Field("weight", self.m_weight);
+  record.Field("number of characters", self.m_numChars);
+  record.Field("extrusion", self.m_extrusion);
+  record.Field("rendering", self.m_rendering);
+  record.Field("spare factor", self.m_spareFactor);
   // Kept: the scale factor stands in the record twice; the second one holds on reading.
-  record.Field(self.m_scaleFactor);
-  record.Field(self.m_scaleFactor);
-  record.Field(self.m_faceName);
+  record.Field("scale factor", self.m_scaleFactor);
+  record.Field("scale factor", self.m_scaleFactor);
+  record.Field("face name", self.m_faceName);
 }
 
 void CFont3D::Save(void* file) const {

@@ -262,22 +262,22 @@ void CTextObj3D::TransformTextPlane(point3Dtype const& rotation) const {
 
 template <class Record, class Self>
 void CTextObj3D::RecordFields(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_transformID);
-  record.Field(self.m_string);
-  record.Field(self.m_location);
-  record.Field(self.m_normLocation);
-  record.Field(self.m_xJustify);
-  record.Field(self.m_yJustify);
-  record.Field(self.m_color);
-  record.Field(self.m_textPlane);
-  record.Field(self.m_flipX);
-  record.Field(self.m_flipY);
-  record.Field(self.m_rotation);
-  record.Field(self.m_reserved);
-  record.Field(self.m_clipping);
-  record.Field(self.m_textEnable);
-  record.Field(self.m_charSize);
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_transformID);
+  record.Field("string", self.m_string);
+  record.Field("location", self.m_location);
+  record.Field("norm location", self.m_normLocation);
+  record.Field("x justification", self.m_xJustify);
+  record.Field("y justification", self.m_yJustify);
+  record.Field("colour", self.m_color);
+  record.Field("text plane", self.m_textPlane);
+  record.Field("flip x", self.m_flipX);
+  record.Field("flip y", self.m_flipY);
+  record.Field("rotation", self.m_rotation);
+  record.Field("reserved", self.m_reserved);
+  record.Field("clipping", self.m_clipping);
+  record.Field("text enable", self.m_textEnable);
+  record.Field("character size", self.m_charSize);
 }
 
 void CTextObj3D::Save(void* file) const {

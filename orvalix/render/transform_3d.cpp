@@ -301,26 +301,26 @@ double* CTransform3D::GetFontTransform() { return m_fontTransform.data(); }
 
 template <class Record, class Self>
 void CTransform3D::RecordFields(Record& record, Self& self) {
-  record.Field(self.m_id);
-  record.Fields(self.m_graphTransform);
-  record.Fields(self.m_fontTransform);
-  record.Field(self.m_centroid);
-  record.Field(self.m_offset);
-  record.Field(self.m_rotation);
-  record.Field(self.m_normalizationFactors);
-  record.Field(self.m_chartRect);
-  record.Field(self.m_scaleMin);
-  record.Field(self.m_scaleMax);
+  record.Field("id", self.m_id);
+  record.Fields("graph transform", self.m_graphTransform);
+  record.Fields("font transform", self.m_fontTransform);
+  record.Field("centroid", self.m_centroid);
+  record.Field("offset", self.m_offset);
+  record.Field("rotation", self.m_rotation);
+  record.Field("normalisation factors", self.m_normalizationFactors);
+  record.Field("chart rectangle", self.m_chartRect);
+  record.Field("scale minimum", self.m_scaleMin);
+  record.Field("scale maximum", self.m_scaleMax);
   // Kept: the working scale stands before the adjusted one; stored charts have them so.
-  record.Field(self.m_workingScaleMin);
-  record.Field(self.m_workingScaleMax);
-  record.Field(self.m_adjustedScaleMin);
-  record.Field(self.m_adjustedScaleMax);
-  record.Fields(self.m_axisScaleModes);
-  record.Field(self.m_clipping);
-  record.Field(self.m_reserved);
-  record.Field(self.m_fontAspect);
-  record.Field(self.m_fontHeightSF);
+  record.Field("working scale minimum", self.m_workingScaleMin);
+  record.Field("working scale maximum", self.m_workingScaleMax);
+  record.Field("adjusted scale minimum", self.m_adjustedScaleMin);
+  record.Field("adjusted scale maximum", self.m_adjustedScaleMax);
+  record.Fields("axis scale modes", self.m_axisScaleModes);
+  record.Field("clipping", self.m_clipping);
+  record.Field("reserved", self.m_reserved);
+  record.Field("font aspect", self.m_fontAspect);
+  record.Field("font height scale factor", self.m_fontHeightSF);
 }
 
 void CTransform3D::Save(void* file) const {

@@ -24,30 +24,30 @@ std::int64_t StoredCount(const std::vector<T>& storage, int count) {
 
 /// The next `count` elements of a record are those of `storage`; where it is shorter, `filler`.
 template <class T>
-void RecordArray(orvalix::RecordWriter& record, const std::vector<T>& storage, std::int64_t count,
-                 const T& filler = T{}) {
+void RecordArray(orvalix::RecordWriter& record, const char* name, const std::vector<T>& storage,
+                 std::int64_t count, const T& filler = T{}) {
   if (count <= static_cast<std::int64_t>(storage.size())) {
-    record.Array(storage, count);
+    record.Array(name, storage, count);
     return;
   }
   std::vector<T> padded(storage);
   padded.resize(static_cast<std::size_t>(count), filler);
-  record.Array(padded, count);
+  record.Array(name, padded, count);
 }
 
 template <class T>
-void RecordArray(orvalix::RecordReader& record, std::vector<T>& storage, std::int64_t count,
-                 const T& = T{}) {
-  record.Array(storage, count);
+void RecordArray(orvalix::RecordReader& record, const char* name, std::vector<T>& storage,
+                 std::int64_t count, const T& = T{}) {
+  record.Array(name, storage, count);
 }
 
 /// A field whose value in the file is `stored` instead of what the object holds.
 template <class Record, class Field>
-void RecordAs(Record& record, Field& field, int stored) {
+void RecordAs(Record& record, const char* name, Field& field, int stored) {
   if constexpr (Record::kReading) {
-    record.Field(field);
+    record.Field(name, field);
   } else {
-    record.Field(stored);
+    record.Field(name, stored);
   }
 }
 
@@ -84,49 +84,54 @@ void CChartObj3D::RecordFields(Record& record, Self& self) {
 
 template <class Record, class Self>
 void CChartObj3D::RecordAttributes(Record& record, Self& self) {
-  record.Field(nSelfID);
-  record.Field(self.m_ownerID);
-  record.Field(self.m_constValue);
-  record.Field(self.m_baseValue);
-  record.Field(self.m_relSize);
-  record.Field(self.m_constWidth);
-  record.Field(self.m_indWidth);
-  record.Field(self.m_fillGap);
-  record.Field(self.m_planeThickness);
-  record.Field(self.m_outlineWidth);
-  record.Field(self.m_fillColor);
-  record.Field(self.m_outlineColor);
-  record.Field(self.m_ohlcLineColor);
-  record.Field(self.m_symbol);
-  record.Field(self.m_symbol2);
-  RecordAs(record, self.m_numDataPnts, self.PointsToSave());
-  RecordAs(record, self.m_dep2Count, CountIn(self.m_depData2, self.m_dep2Count));
-  RecordAs(record, self.m_barHeightsCount, CountIn(self.m_barHeights, self.m_barHeightsCount));
-  RecordAs(record, self.m_pointCount, CountIn(self.m_points, self.m_pointCount));
-  RecordAs(record, self.m_groupColorsCount, CountIn(self.m_groupColors, self.m_groupColorsCount));
-  RecordAs(record, self.m_segmentColorsCount,
+  record.Field("counter", nSelfID);
+  record.Field("transform id", self.m_ownerID);
+  record.Field("constant value", self.m_constValue);
+  record.Field("base value", self.m_baseValue);
+  record.Field("relative size", self.m_relSize);
+  record.Field("constant width", self.m_constWidth);
+  record.Field("independent width", self.m_indWidth);
+  record.Field("fill gap", self.m_fillGap);
+  record.Field("plane thickness", self.m_planeThickness);
+  record.Field("outline width", self.m_outlineWidth);
+  record.Field("fill colour", self.m_fillColor);
+  record.Field("outline colour", self.m_outlineColor);
+  record.Field("open-high-low-close line colour", self.m_ohlcLineColor);
+  record.Field("symbol", self.m_symbol);
+  record.Field("symbol 2", self.m_symbol2);
+  RecordAs(record, "number of points", self.m_numDataPnts, self.PointsToSave());
+  RecordAs(record, "number of dependent values 2", self.m_dep2Count,
+           CountIn(self.m_depData2, self.m_dep2Count));
+  RecordAs(record, "number of bar heights", self.m_barHeightsCount,
+           CountIn(self.m_barHeights, self.m_barHeightsCount));
+  RecordAs(record, "number of points in space", self.m_pointCount,
+           CountIn(self.m_points, self.m_pointCount));
+  RecordAs(record, "number of group colours", self.m_groupColorsCount,
+           CountIn(self.m_groupColors, self.m_groupColorsCount));
+  RecordAs(record, "number of segment colours", self.m_segmentColorsCount,
            CountIn(self.m_segmentColors, self.m_segmentColorsCount));
-  RecordAs(record, self.m_stringsCount, CountIn(self.m_strings, self.m_stringsCount));
-  RecordAs(record, self.m_polysurfaceFlag, self.m_polysurface.has_value() ? 1 : 0);
-  RecordAs(record, self.m_numGroups, self.GroupsToSave());
-  record.Field(self.m_lineWidth);
-  record.Field(self.m_lineStyle);
-  record.Field(self.m_indJustify);
-  record.Field(self.m_depJustify);
-  record.Field(self.m_constJustify);
-  record.Field(self.m_indAxis);
-  record.Field(self.m_projectionPlane);
-  record.Field(self.m_textPlane);
-  record.Field(self.m_groupType);
-  record.Field(self.m_chartType);
-  record.Field(self.m_segmentColorMode);
-  RecordAs(record, self.m_numContours, self.ContoursToSave());
-  record.Field(self.m_contourLabelFlag);
-  record.Field(self.m_colorMode);
-  record.Field(self.m_clipping);
-  record.Field(self.m_outlineMode);
-  record.Fields(self.m_comboChartFlags);
-  record.Field(self.m_enable);
+  RecordAs(record, "number of texts", self.m_stringsCount,
+           CountIn(self.m_strings, self.m_stringsCount));
+  RecordAs(record, "surface flag", self.m_polysurfaceFlag, self.m_polysurface.has_value() ? 1 : 0);
+  RecordAs(record, "number of groups", self.m_numGroups, self.GroupsToSave());
+  record.Field("line width", self.m_lineWidth);
+  record.Field("line style", self.m_lineStyle);
+  record.Field("independent justification", self.m_indJustify);
+  record.Field("dependent justification", self.m_depJustify);
+  record.Field("constant justification", self.m_constJustify);
+  record.Field("independent axis", self.m_indAxis);
+  record.Field("projection plane", self.m_projectionPlane);
+  record.Field("text plane", self.m_textPlane);
+  record.Field("group type", self.m_groupType);
+  record.Field("chart type", self.m_chartType);
+  record.Field("segment colour mode", self.m_segmentColorMode);
+  RecordAs(record, "number of contours", self.m_numContours, self.ContoursToSave());
+  record.Field("contour label flag", self.m_contourLabelFlag);
+  record.Field("colour mode", self.m_colorMode);
+  record.Field("clipping", self.m_clipping);
+  record.Field("outline mode", self.m_outlineMode);
+  record.Fields("composite flags", self.m_comboChartFlags);
+  record.Field("enable", self.m_enable);
 }
 
 template <class Record, class Self>
@@ -136,38 +141,40 @@ void CChartObj3D::RecordArrays(Record& record, Self& self) {
   if (pointCount != 0) {
     // Kept: nothing but its points of a three-dimensional type is stored, not even bar heights;
     // stored charts have no room for them.
-    RecordArray(record, self.m_points, points);
+    RecordArray(record, "points", self.m_points, points);
   } else {
     RecordScalarArrays(record, self, points);
   }
   if (self.m_groupColorsCount != 0) {
-    RecordArray(record, self.m_groupColors,
+    RecordArray(record, "group colours", self.m_groupColors,
                 StoredCount<Record>(self.m_groupColors, self.m_groupColorsCount));
   }
   if (self.m_segmentColorsCount != 0) {
-    RecordArray(record, self.m_segmentColors,
+    RecordArray(record, "segment colours", self.m_segmentColors,
                 StoredCount<Record>(self.m_segmentColors, self.m_segmentColorsCount));
     if constexpr (Record::kReading) {
       if (!record.HasEnded()) self.m_segmentColorMode = 1;
     }
   }
   RecordSurface(record, self);
-  RecordArray(record, self.m_strings, StoredCount<Record>(self.m_strings, self.m_stringsCount));
+  RecordArray(record, "texts", self.m_strings,
+              StoredCount<Record>(self.m_strings, self.m_stringsCount));
 }
 
 template <class Record, class Self>
 void CChartObj3D::RecordScalarArrays(Record& record, Self& self, std::int64_t points) {
   const std::int64_t groups = Record::kReading ? self.m_numGroups : self.GroupsToSave();
   if (points != 0) {
-    RecordArray(record, self.m_indData, points);
-    if (groups == 0) RecordArray(record, self.m_depData, points);
-    if (groups != 0) RecordArray(record, self.m_groupData, groups * points);
+    RecordArray(record, "independent values", self.m_indData, points);
+    if (groups == 0) RecordArray(record, "dependent values", self.m_depData, points);
+    if (groups != 0) RecordArray(record, "group values", self.m_groupData, groups * points);
   }
   if (self.m_dep2Count != 0) {
-    RecordArray(record, self.m_depData2, StoredCount<Record>(self.m_depData2, self.m_dep2Count));
+    RecordArray(record, "dependent values 2", self.m_depData2,
+                StoredCount<Record>(self.m_depData2, self.m_dep2Count));
   }
   if (self.m_barHeightsCount != 0) {
-    RecordArray(record, self.m_barHeights,
+    RecordArray(record, "bar heights", self.m_barHeights,
                 StoredCount<Record>(self.m_barHeights, self.m_barHeightsCount));
   }
 }
@@ -183,9 +190,9 @@ void CChartObj3D::RecordSurface(Record& record, Self& self) {
   record.Child(*self.m_polysurface);
   const std::int64_t contours = Record::kReading ? self.m_numContours : self.ContoursToSave();
   if (contours == 0) return;
-  RecordArray(record, self.m_indData, contours);
+  RecordArray(record, "contour values", self.m_indData, contours);
   // Contours without a colour are drawn in that of the outlines.
-  RecordArray(record, self.m_segmentColors, contours + 1, self.m_outlineColor);
+  RecordArray(record, "contour colours", self.m_segmentColors, contours + 1, self.m_outlineColor);
   // Kept: the values took the place of a series' points, of which there are none then.
   if constexpr (Record::kReading) self.m_numDataPnts = 0;
 }

@@ -255,7 +255,8 @@ class ORVALIX_API CPolysurface {
   /// Writes the mesh to an open file. Null does nothing.
   /// @throws CErr3D type 7, class 18, "Save"
   void Save(void* file) const;
-  /// Writes a polysurface file, which is the record alone.
+  /// Writes a polysurface file, which is the record alone. A file of that name stays as it was
+  /// until the new one is complete, and when it can't be completed.
   /// @throws CErr3D class 18, "Save": type 6 when the file can't be created, else type 7
   void Save(CString const& name) const;
   /// Reads a mesh from an open file in place of what there was. It then has the even grid flag 0,

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <limits>
 #include <numeric>
 
 #include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/host/file_handle_internal.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
 #include "support/temporary_file.h"
@@ -37,16 +40,16 @@ struct Sample {
 
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self) {
-    record.Field(self.number);
-    record.Field(self.real);
-    record.Field(self.point);
-    record.Field(self.color);
-    record.Field(self.viewport);
-    record.Field(self.fractions);
-    record.Field(self.text);
-    record.Fields(self.pair);
-    record.Field(self.count);
-    record.Array(self.values, self.count);
+    record.Field("number", self.number);
+    record.Field("real", self.real);
+    record.Field("point", self.point);
+    record.Field("color", self.color);
+    record.Field("viewport", self.viewport);
+    record.Field("fractions", self.fractions);
+    record.Field("text", self.text);
+    record.Fields("pair", self.pair);
+    record.Field("count", self.count);
+    record.Array("values", self.values, self.count);
   }
   void Save(void* file) const {
     orvalix::SaveRecord(file, ERR3DCLASS_DIB, [&](auto& record) { RecordFields(record, *this); });
@@ -170,12 +173,12 @@ TEST(Record, ListCountsAreHeldAgainstTheFileToo) {
   CFile in;
   ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
   int count = 0;
-  RecordReader(in.m_hFile).Count(count, 2);
+  RecordReader(in.m_hFile).Count("count", count, 2);
   EXPECT_EQ(count, 3);  // six bytes are left
   in.SeekToBegin();
   bool refused = false;
   try {
-    RecordReader(in.m_hFile).Count(count, 3);
+    RecordReader(in.m_hFile).Count("count", count, 3);
   } catch (CFileException* error) {
     refused = true;
     EXPECT_EQ(error->m_cause, CFileException::endOfFile);
@@ -189,7 +192,7 @@ TEST(Record, ACountOfElementsWithoutBytesIsNotDividedBy) {
   CFile in;
   ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
   int count = 0;
-  RecordReader(in.m_hFile).Count(count, 0);
+  RecordReader(in.m_hFile).Count("count", count, 0);
   EXPECT_EQ(count, 3);
 }
 
@@ -197,17 +200,22 @@ TEST(Record, FilesWithoutAnEndAreReadBlockByBlock) {
   CFile zeros;
   ASSERT_TRUE(zeros.Open("/dev/zero", CFile::modeRead));
   std::vector<double> values{1.0};
-  RecordReader(zeros.m_hFile).Array(values, 100000);
+  RecordReader(zeros.m_hFile).Array("values", values, 100000);
   EXPECT_EQ(values, std::vector<double>(100000, 0.0));
 
   // Nothing follows what the count promises.
   CFile nothing;
   ASSERT_TRUE(nothing.Open("/dev/null", CFile::modeRead));
   const orvalix::test::AllocationMeter meter;
-  const auto read = [&] {
-    RecordReader(nothing.m_hFile).Array(values, std::numeric_limits<int>::max());
-  };
+  const auto read = [&] { RecordReader(nothing.m_hFile).Array("values", values, 32 << 20); };
   EXPECT_EQ(Catch([&] { orvalix::WithFileErrors(ERR3DCLASS_DIB, "Load", read); }),
+            (CaughtError{7, 8, "Load"}));
+  EXPECT_LE(meter.Largest(), std::size_t{1} << 16);
+  // 256 MiB at most, even where they would follow.
+  const auto readTooMany = [&] {
+    RecordReader(zeros.m_hFile).Array("values", values, (32 << 20) + 1);
+  };
+  EXPECT_EQ(Catch([&] { orvalix::WithFileErrors(ERR3DCLASS_DIB, "Load", readTooMany); }),
             (CaughtError{7, 8, "Load"}));
   EXPECT_LE(meter.Largest(), std::size_t{1} << 16);
   EXPECT_EQ(values.size(), 100000U);
@@ -251,7 +259,7 @@ TEST(Record, RunningOutOfMemoryIsAnError) {
     EXPECT_EQ(error, (CaughtError{2, 8, "Load"}));
     ++errors;
   });
-  EXPECT_EQ(readFailures, 2);  // the bytes of the text, the values
+  EXPECT_EQ(readFailures, 3);  // the block, the bytes of the text, the values
   EXPECT_EQ(errors, readFailures);
 }
 
@@ -272,9 +280,9 @@ struct Parent {
   int number = 9;
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self) {
-    record.Field(self.number);
+    record.Field("number", self.number);
     record.Child(self.child);
-    record.Field(self.number);
+    record.Field("number", self.number);
   }
   void Save(void* file) const {
     orvalix::SaveRecord(file, ERR3DCLASS_CHART3D,
@@ -299,6 +307,60 @@ TEST(Record, ChildrenStandInLine) {
   LoadFrom(loaded, expected);
   EXPECT_EQ(loaded.number, 8);
   EXPECT_STREQ(loaded.child.text, "Hi");
+}
+
+TEST(Record, FilesStandBehindWhatWasRead) {
+  Parent parent;
+  parent.child = FilledSample();
+  Bytes bytes = Saved(parent);
+  const std::size_t length = bytes.size();
+  bytes.resize(length + 100000, 5);
+  const TemporaryFile file(bytes);
+  CFile in;
+  ASSERT_TRUE(in.Open(file.Path(), CFile::modeRead));
+  Parent().Load(in.m_hFile);
+  EXPECT_EQ(in.GetPosition(), length);
+  // Wherever a record begins, and also where it is left in its middle.
+  in.Seek(4, CFile::begin);
+  Sample sample;
+  sample.Load(in.m_hFile);
+  EXPECT_STREQ(sample.text, "Hi");
+  EXPECT_EQ(in.GetPosition(), length - 4);
+  in.Seek(8, CFile::begin);
+  EXPECT_EQ(Catch([&] { sample.Load(in.m_hFile); }).type, 7);
+  EXPECT_LT(in.GetPosition(), length);
+}
+
+TEST(Record, TwoFilesMayBeReadAtATime) {
+  const TemporaryFile first(Bytes{1, 0, 0, 0, 3, 0, 0, 0});
+  const TemporaryFile second(Bytes{2, 0, 0, 0, 4, 0, 0, 0});
+  CFile one;
+  CFile two;
+  ASSERT_TRUE(one.Open(first.Path(), CFile::modeRead));
+  ASSERT_TRUE(two.Open(second.Path(), CFile::modeRead));
+  std::array<int, 4> numbers{};
+  RecordReader outer(one.m_hFile);
+  outer.Field("number", numbers[0]);
+  RecordReader other(two.m_hFile);
+  other.Field("number", numbers[1]);
+  RecordReader inner(one.m_hFile);
+  inner.Field("number", numbers[2]);
+  other.Field("number", numbers[3]);
+  EXPECT_EQ(numbers, (std::array<int, 4>{1, 2, 3, 4}));
+}
+
+TEST(Record, PipesAreReadNoFurtherThanAskedFor) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  const Bytes bytes{1, 0, 0, 0, 2, 0, 0, 0};
+  ASSERT_EQ(::write(ends[1], bytes.data(), bytes.size()), 8);
+  int number = 0;
+  RecordReader(orvalix::HandleOfDescriptor(ends[0])).Field("number", number);
+  EXPECT_EQ(number, 1);
+  RecordReader(orvalix::HandleOfDescriptor(ends[0])).Field("number", number);
+  EXPECT_EQ(number, 2);
+  ::close(ends[0]);
+  ::close(ends[1]);
 }
 
 TEST(Record, FailuresNameTheClassWhoseRecordFailed) {
