@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -21,8 +22,9 @@ class TemporaryFile {
   TemporaryFile() {
     static int count = 0;
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    m_path = ::testing::TempDir() + "orvalix_" + info->test_suite_name() + "_" + info->name() +
-             "_" + std::to_string(count++);
+    std::string name = std::string(info->test_suite_name()) + "_" + info->name();
+    std::replace(name.begin(), name.end(), '/', '_');  // of tests with parameters
+    m_path = ::testing::TempDir() + "orvalix_" + name + "_" + std::to_string(count++);
   }
   explicit TemporaryFile(const Bytes& content) : TemporaryFile() {
     std::ofstream(m_path, std::ios::binary)

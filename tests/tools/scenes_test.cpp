@@ -11,6 +11,7 @@
 #include "orvalix/orvalix.h"
 #include "scenes/csv_table.h"
 #include "support/golden.h"
+#include "support/temporary_file.h"
 #include "support/view_picture.h"
 
 namespace orvalix {
@@ -44,6 +45,17 @@ class SceneTest : public ::testing::TestWithParam<Scene> {
 
 TEST_P(SceneTest, LooksAsStored) {
   orvalix::test::ExpectGoldenPicture(orvalix::TakePicture(*view), GetParam().name);
+}
+
+TEST_P(SceneTest, LooksTheSameOutOfItsFile) {
+  const orvalix::test::TemporaryFile file;
+  view->Save(file.Path());
+  CWnd other;
+  other.CreateOffscreen(GetParam().width / kReduction, GetParam().height / kReduction);
+  CChartView3D loaded(&other);
+  loaded.Load(file.Path());
+  loaded.DrawViewScreen();
+  EXPECT_EQ(orvalix::Compare(orvalix::TakePicture(*view), orvalix::TakePicture(loaded)).largest, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenes, SceneTest,
