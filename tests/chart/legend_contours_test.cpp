@@ -84,6 +84,21 @@ TEST(ContourLegend, NullArraysLeaveTheCopies) {
   EXPECT_EQ(legend.GetTextColor(legend.GetNumLegendObjs() - 2).red, 0.1);
 }
 
+// Only 1 asks for the one colour of all texts.
+TEST(ContourLegend, OtherFlagsGiveTextsTheColorsOfTheirBands) {
+  for (const int flag : {0, 1, 2, -1, std::numeric_limits<int>::max()}) {
+    SCOPED_TRACE(flag);
+    CLegend3D legend;
+    legend.ContourLegend(kValues.data(), Colors().data(), 3, 0, kTextColor, flag, "U", "L");
+    legend.ContourLegend2(kValues.data(), Colors().data(), 3, 0, kTextColor, flag);
+    for (int i = 0; i < 6; ++i) {
+      const double ofBand = (2 - i % 3) / 10.0;
+      EXPECT_EQ(legend.GetTextColor(i).red, flag == 1 ? 0.5 : ofBand) << i;
+      EXPECT_EQ(legend.GetSymbolColor(i).red, ofBand) << i;
+    }
+  }
+}
+
 TEST(ContourLegend, ValuesWithoutColorsAreBlack) {
   CLegend3D legend;
   legend.ContourLegend2(kValues.data(), nullptr, 4, 0, kTextColor, 1);
