@@ -93,9 +93,9 @@ class ORVALIX_API CLegend3D {
   /// @}
 
   /// @name Contour legends
-  /// Append an entry with a cube for each band or value, from the highest down. They keep copies
-  /// of the arrays; a null array leaves the copy of before, and there are as many entries as that
-  /// has values. Without colours bands are black.
+  /// Append an entry with a cube for each band or value, from the highest down; those made before
+  /// memory runs out stay. They keep copies of the arrays; a null array leaves the copy of before,
+  /// and there are as many entries as that has values. Without colours bands are black.
   /// @param values count heights, ascending
   /// @param colors count + 1 colours of the bands below, between and above the heights; the last
   ///   one is not shown
@@ -156,7 +156,8 @@ class ORVALIX_API CLegend3D {
   /// 0 leaves the frame on the slab out. Default 1.
   void EnableLegendBorder(int flag);
   int GetLegendBorderEnable() const;
-  /// 0 flat colours (default), 1 lit.
+  /// 0 flat colours (default), 1 lit, by the light of the chart that the view draws last: without a
+  /// chart a lit legend is dark.
   void SetColorMode(int mode);
   /// Addition: the mode as last set.
   int GetColorMode() const;
