@@ -77,6 +77,10 @@ TEST_F(LegendDrawing, SlabsAreLitInColorModeOne) {
   EXPECT_GE(lit, 0.0);
   EXPECT_GT(std::abs(lit - 0.9), 0.02);
   EXPECT_NEAR(redOfTheFront(0), 0.9, 1e-6);
+  // Charts bring light: theirs comes from above the viewer.
+  view.NewChart3D();
+  view.DrawViewScreen();
+  EXPECT_GT(redOfTheFront(1), 2.0 * lit);
 }
 
 TEST_F(LegendDrawing, EveryTextIsDrawnOnce) {
