@@ -5,6 +5,7 @@
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/placeable_internal.h"
 #include "orvalix/render/transform_3d.h"
@@ -67,9 +68,14 @@ void CAuxObj3D::DrawAuxObj() {
   m_context->Rotate3D(m_rotation.y, 1);
   m_context->Rotate3D(m_rotation.z, 2);
   if (m_solidType != 0) {
+    const bool hasEdges = HasEdges();
     m_context->SetFillStyle3D(m_color, black, m_color);
+    // Faces give way to edges that are drawn over them, and only to those: along its outline a
+    // shape without edges would show faces that are turned away.
+    if (hasEdges) glEnable(GL_POLYGON_OFFSET_FILL);
     m_context->DrawAuxObject(m_type, 1, m_size);
-    if (HasEdges()) {
+    if (hasEdges) {
+      glDisable(GL_POLYGON_OFFSET_FILL);
       m_context->SetLineStyle3D(0, m_lineThickness, black);
       m_context->DrawAuxObject(m_type, 0, m_size);
     }

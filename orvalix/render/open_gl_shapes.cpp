@@ -65,10 +65,7 @@ void COpenGL::DrawAuxObject(int type, int solid, point3Dtype const& size) {
   const int colorMode = m_colorMode;
   if (solid != 0) {
     SetFillStyle3D(m_fillColor, m_fillColor2, m_outlineColor);
-    // Faces give way to edges that are drawn over them.
-    glEnable(GL_POLYGON_OFFSET_FILL);
     DrawSolid(type, size);
-    glDisable(GL_POLYGON_OFFSET_FILL);
   } else {
     SetColorMode(0);
     SendColor(m_lineColor);

@@ -288,6 +288,54 @@ TEST_F(DrawnShape, SolidsHaveItsColorFlatOrLit) {
   }));
 }
 
+// Mode 2 is lit as mode 1 is, but sends no colour.
+TEST_F(DrawnShape, SolidsOfOtherColorModesHaveTheColorDrawnBefore) {
+  shape.SetSolidType(1);
+  shape.SetRotation({20, 30, 40, 0});
+  const auto drawnIn = [&](const RGBDType& color, int mode) {
+    shape.SetColor(color);
+    shape.SetColorMode(mode);
+    return ToTranscript(Drawn());
+  };
+  const auto red1 = drawnIn(red, 1);
+  const auto green1 = drawnIn(green, 1);
+  ASSERT_NE(red1, green1);
+  for (const int mode : {2, 3, -1}) {
+    SCOPED_TRACE(mode);
+    drawnIn(red, 0);
+    EXPECT_EQ(drawnIn(green, mode), red1);
+    drawnIn(green, 1);
+    EXPECT_EQ(drawnIn(red, mode), green1);
+  }
+}
+
+TEST_F(DrawnShape, SolidsWithoutEdgesHideTheirFarSide) {
+  const auto picture = [&] {
+    std::vector<unsigned char> rgb(200 * 100 * 3);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    shape.DrawAuxObj();
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(0, 0, 200, 100, GL_RGB, GL_UNSIGNED_BYTE, rgb.data());
+    return rgb;
+  };
+  transform.SetRotate({-25, 0, 30, 0});
+  shape.SetSolidType(1);
+  shape.SetColorMode(1);
+  shape.SetScaleFactor(3.0);
+  shape.SetSizeParameters(1.0, 1.5, 1.2);
+  glCullFace(
+      GL_FRONT);  // the projection of these tests doesn't mirror the depth: it is the far side
+  for (const int type : {1, 2, 3, 4, 6, 7, 8, 9}) {  // closed ones
+    shape.SetAuxObjType(type);
+    const auto whole = picture();
+    glEnable(GL_CULL_FACE);
+    const auto nearSide = picture();
+    glDisable(GL_CULL_FACE);
+    EXPECT_TRUE(std::any_of(whole.begin(), whole.end(), [](int part) { return part > 0; }));
+    EXPECT_TRUE(whole == nearSide) << type;
+  }
+}
+
 TEST_F(DrawnShape, WiresHaveItsColorAndThicknessNeverLit) {
   shape.SetColor({0.25, 0.5, 0.75, 0.0});
   shape.SetLineThickness(3.0);
