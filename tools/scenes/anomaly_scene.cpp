@@ -27,16 +27,23 @@ void BuildAnomalyScene(CChartView3D& view, const std::string& dataFolder) {
   SetAxisTitles(*styled.axes, "year", nullptr, "\260C");
   NameAxis(*styled.axes, 1, kRight, {"years", "decades", "line"});
 
+  constexpr RGBDType kYears{0.80, 0.36, 0.22, 1.0};
+  constexpr RGBDType kDecades{0.95, 0.72, 0.26, 1.0};
+  constexpr RGBDType kLine{0.14, 0.34, 0.60, 1.0};
   CChartObj3D* area = styled.chart->NewChartObj(styled.transform);
-  area->AreaFillChart25D(years.data(), anomaly.data(), 0.0, 1.0, count, 0.5,
-                         {0.80, 0.36, 0.22, 1.0}, kDark, 1, 0);
+  area->AreaFillChart25D(years.data(), anomaly.data(), 0.0, 1.0, count, 0.5, kYears, kDark, 1, 0);
   area->SetOutlineMode(0);
   CChartObj3D* ribbon = styled.chart->NewChartObj(styled.transform);
   ribbon->RibbonChart25D(years.data() + kDecade - 1, means.data(), 2.0,
-                         static_cast<int>(means.size()), 0.5, {0.95, 0.72, 0.26, 1.0}, kDark, 1, 0);
+                         static_cast<int>(means.size()), 0.5, kDecades, kDark, 1, 0);
   ribbon->SetOutlineMode(0);
   styled.chart->NewChartObj(styled.transform)
-      ->LineChart25D(years.data(), anomaly.data(), 3.0, count, 0, 2.0, {0.14, 0.34, 0.60, 1.0}, 0);
+      ->LineChart25D(years.data(), anomaly.data(), 3.0, count, 0, 2.0, kLine, 0);
+
+  CLegend3D* legend = AddLegend(view, {0.02, 0.85, 0.22, 0.13});
+  legend->NewLegendObj("years", kCubeSymbol, kYears)->SetSymbolScale(0.15);
+  legend->NewLegendObj("ten-year means", kCubeSymbol, kDecades)->SetSymbolScale(0.15);
+  legend->NewLegendObj("years as a line", kLineSymbol, kLine)->SetSymbolScale(0.15);
 }
 
 }  // namespace orvalix

@@ -39,6 +39,10 @@ void HideDepthAxis(CAxes3D& axes);
 /// @param position fractions of the view
 CLegend3D* AddLegend(CChartView3D& view, const GLViewRType& position);
 
+/// Symbols of its entries.
+inline constexpr int kLineSymbol = 1;
+inline constexpr int kCubeSymbol = 3;
+
 /// Names instead of numbers at 1, 2, 3, ... of an axis.
 void NameAxis(CAxes3D& axes, int axis, int direction, const std::vector<CString>& names);
 

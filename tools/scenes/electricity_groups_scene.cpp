@@ -10,7 +10,6 @@ namespace orvalix {
 namespace {
 
 constexpr int kGroups = 3;
-constexpr int kCubeSymbol = 3;
 constexpr std::array<RGBDType, kGroups> kColors{
     {{0.34, 0.37, 0.44, 1.0}, {0.78, 0.56, 0.14, 1.0}, {0.18, 0.54, 0.34, 1.0}}};
 

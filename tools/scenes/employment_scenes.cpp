@@ -52,9 +52,12 @@ void BuildEmploymentScene(CChartView3D& view, const std::string& dataFolder) {
   NameAxis(*styled.axes, 1, kRight, names);
   styled.axes->SetAxisTics(0, 2006.0, 1.0, 2, 0.02, 0.04, kDown);
 
+  CLegend3D* legend = AddLegend(view, {0.01, 0.80, 0.16, 0.18});
   constexpr double kWidth = 0.6;
+  constexpr RGBDType kSlabs{0.95, 0.95, 0.95, 1.0};
   double row = 1.0;
   for (const Branch& branch : kBranches) {
+    legend->NewLegendObj(branch.name, kCubeSymbol, branch.color)->SetSymbolScale(0.12);
     const std::vector<double> millions = YearlyMillions(table.Column(branch.column));
     std::vector<point3Dtype> bars;
     for (std::size_t year = 0; year < millions.size(); ++year) {
@@ -67,10 +70,11 @@ void BuildEmploymentScene(CChartView3D& view, const std::string& dataFolder) {
     styled.chart->NewChartObj(styled.transform)
         ->BarChart3D(bars.data(), nullptr, count, kWidth, kWidth, branch.color, kDark);
     CChartObj3D* firstYear = styled.chart->NewChartObj(styled.transform);
-    firstYear->PlaneChart3D(slabs.data(), count, kWidth, kWidth, {0.95, 0.95, 0.95, 1.0}, kDark);
+    firstYear->PlaneChart3D(slabs.data(), count, kWidth, kWidth, kSlabs, kDark);
     firstYear->SetPlaneThickness(0.01);
     row += 1.0;
   }
+  legend->NewLegendObj("level of 2006", kCubeSymbol, kSlabs)->SetSymbolScale(0.12);
 }
 
 void BuildEmploymentPathScene(CChartView3D& view, const std::string& dataFolder) {

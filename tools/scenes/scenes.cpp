@@ -9,6 +9,7 @@
 #include "scenes/employment_scenes.h"
 #include "scenes/penguins_scene.h"
 #include "scenes/precipitation_scene.h"
+#include "scenes/quake_map_scene.h"
 #include "scenes/temperature_scene.h"
 #include "scenes/terrain_scenes.h"
 #include "scenes/volatility_scene.h"
@@ -47,6 +48,9 @@ std::span<const Scene> Scenes() {
       Scene{"earthquake_depth",
             "Earthquakes under Alaska: a surface through scattered points, contours", 1280, 720,
             BuildEarthquakeDepthScene},
+      Scene{"quake_map",
+            "A week of earthquakes before a map: spheres by magnitude, the strongest as solids",
+            900, 900, BuildQuakeMapScene},
       Scene{"terrain", "Heights around the Jacksboro fault: 277 000 lit triangles", 1280, 720,
             BuildTerrainScene},
       Scene{"terrain_wire", "Every eighth line of the same grid as a wire frame", 1280, 720,

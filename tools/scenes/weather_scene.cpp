@@ -47,9 +47,11 @@ void BuildWeatherScene(CChartView3D& view, const std::string& dataFolder) {
   SetAxisTitles(*styled.axes, "month", nullptr, "\260C");
   NameAxis(*styled.axes, 1, kRight, {"months", "days"});
 
+  constexpr RGBDType kDays{0.35, 0.60, 0.80, 1.0};
+  constexpr RGBDType kMonthsColor{0.90, 0.62, 0.22, 1.0};
   styled.chart->NewChartObj(styled.transform)
       ->AreaRangeChart25D(year.days.data(), year.lowest.data(), year.highest.data(), 2.0, days, 0.6,
-                          {0.35, 0.60, 0.80, 1.0}, {0.20, 0.40, 0.60, 1.0}, 1, 0);
+                          kDays, {0.20, 0.40, 0.60, 1.0}, 1, 0);
 
   std::vector<double> middles(kMonths);
   std::vector<double> tops(kMonths, -100.0);
@@ -65,7 +67,11 @@ void BuildWeatherScene(CChartView3D& view, const std::string& dataFolder) {
     heights[month] = tops[month] - bottoms[month];
   styled.chart->NewChartObj(styled.transform)
       ->FloatingBarChart25D(middles.data(), tops.data(), heights.data(), 1.0, kMonths, 0.6, 0.4,
-                            {0.90, 0.62, 0.22, 1.0}, kDark, 1, 1, 0);
+                            kMonthsColor, kDark, 1, 1, 0);
+
+  CLegend3D* legend = AddLegend(view, {0.02, 0.87, 0.22, 0.11});
+  legend->NewLegendObj("range of a month", kCubeSymbol, kMonthsColor)->SetSymbolScale(0.15);
+  legend->NewLegendObj("range of a day", kCubeSymbol, kDays)->SetSymbolScale(0.15);
 }
 
 }  // namespace orvalix
