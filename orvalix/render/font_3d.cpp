@@ -161,6 +161,7 @@ GLYPHMETRICSFLOAT CFont3D::GetGlyphMetrics(int code) const {
 }
 
 void CFont3D::DrawText3D(CString const& text) const {
+  if (m_context != nullptr) m_context->SendGathered();
   glListBase(static_cast<GLuint>(m_listBase));
   glEnable(GL_CULL_FACE);
   glCullFace(GL_BACK);

@@ -6,6 +6,8 @@
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/dib_section.h"
+#include "orvalix/render/draw_list_internal.h"
+#include "orvalix/render/draw_recorder_internal.h"
 #include "orvalix/render/font_3d.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/gl_binding_internal.h"
@@ -36,7 +38,14 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_windowColorBits(windowDC != nullptr ? windowDC->GetDeviceCaps(BITSPIXEL) : 0),
       m_bitmapDC(dib != nullptr ? dib->GetTargetDC() : nullptr),
       m_dib(dib),
-      m_lineIsOpen(false) {
+      m_lineIsOpen(false),
+      m_currentColor(SetRGBD(1.0, 1.0, 1.0, 1.0)),
+      m_sentLineWidth(1.0F),
+      m_clippingEnabled(0),
+      m_gathering(1),
+      m_hidesFarSides(false),
+      m_hasFailedToGather(false),
+      m_gatheredEnd{} {
   SetOpenGLDefaults();
   InitContext();
   NewFont3D();
@@ -97,6 +106,9 @@ void COpenGL::InitContext() {
       orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_OPENGL, kInitPlace,
                                     [this] { return m_binding->CreateContext(); });
   if (!created) orvalix::ThrowError(ERR3D_PIXEL_FORMAT, ERR3DCLASS_OPENGL, kInitPlace);
+  // Drawings that were kept belonged to the context before.
+  m_buffers = orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_OPENGL, kInitPlace,
+                                            [] { return std::make_shared<orvalix::BufferPool>(); });
   glClearDepth(1.0);
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
@@ -109,7 +121,7 @@ void COpenGL::InitContext() {
 }
 
 void COpenGL::MakeCurrent() {
-  if (m_binding) m_binding->MakeCurrent();
+  if (m_binding && m_binding->MakeCurrent() && m_buffers) m_buffers->DeleteReturned();
 }
 
 void COpenGL::MakeNonCurrent() {
@@ -124,14 +136,19 @@ void COpenGL::Close() {
   if (!m_binding || !m_binding->HasContext()) return;
   MakeCurrent();
   MakeNonCurrent();
+  m_buffers.reset();
   m_binding->DeleteContext();
   SelectPalette(m_bitmapDC->GetSafeHdc(), static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)),
                 FALSE);
 }
 
-void COpenGL::Flush() { glFlush(); }
+void COpenGL::Flush() {
+  SendGathered();
+  glFlush();
+}
 
 void COpenGL::UpdateBitmap(int width, int height) {
+  SendGathered();
   const bool hasPixels = m_dib != nullptr && m_dib->FindDIBBits() != nullptr;
   if (m_binding && hasPixels) m_binding->CopyToBitmap(width, height);
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "orvalix/foundation/object_list.h"
 #include "orvalix/foundation/value_types.h"
@@ -15,8 +16,14 @@ class CDIBSection;
 class CFont3D;
 
 namespace orvalix {
+class BufferPool;
+class DrawList;
+class DrawRecorder;
+struct RecordedFill;
+struct RecordedStroke;
 class GLBinding;
-}
+class KeptDrawing;
+}  // namespace orvalix
 
 /// Selector of the global ambient light in the light operations. It is this library's own and no
 /// OpenGL name; programs use it, so its value is fixed.
@@ -80,6 +87,17 @@ class ORVALIX_API COpenGL {
   void Close();
   /// Addition: sends everything drawn so far to OpenGL (`glFlush`).
   void Flush();
+  /// Addition: whether charts gather what they draw into few calls and keep it from frame to frame
+  /// (nonzero, default), or send every polygon and line on its own (0), as they also do while
+  /// OpenGL is in feedback or selection mode. The pictures are the same but for single pixels at
+  /// edges.
+  void SetGathering(int flag);
+  int GetGathering() const;
+  /// Addition: draws what has been gathered of the object that is being drawn, and sends the rest
+  /// of it one by one. Whoever calls OpenGL himself between this class's drawing operations while a
+  /// chart object is being drawn calls this first.
+  /// @throws CErr3D type 3, class 17, "SendGathered", when memory runs out
+  void SendGathered();
   /// Addition: finishes a frame: waits until everything is drawn and brings the pixels of the last
   /// viewport into the bitmap's memory, where whoever reads the bitmap sees them. Makes this
   /// context current; does nothing without it or after the bitmap was deleted.
@@ -199,7 +217,7 @@ class ORVALIX_API COpenGL {
   void LoadMatrixTransform(const double* matrix);
   /// Addition: reads the model-view matrix back into 16 values, column by column. Null does
   /// nothing.
-  void ReadModelViewMatrix(double* matrix) const;
+  void ReadModelViewMatrix(double* matrix);
   /// Addition: makes the model-view matrix the current one.
   void SelectModelView();
   /// Turns by `degrees` about x (axis 0), y (1) or z (2); any other axis does nothing.
@@ -356,6 +374,7 @@ class ORVALIX_API COpenGL {
  private:
   void SendColor(RGBDType const& color);
   void SendLineWidth();
+  unsigned short StippleOf(int style) const;
   void SendStipple(int style);
   void BeginLine();
   void EndLine();
@@ -364,8 +383,77 @@ class ORVALIX_API COpenGL {
   void BeginOutline(RGBDType const& color);
   void EndOutline();
   void SendVertex(point3Dtype const& point);
-  void SendTextureCoordinate(point3Dtype const& point);
+  double TextureCoordinate(point3Dtype const& point) const;
   void UploadTexture(int size);
+
+  friend class orvalix::KeptDrawing;
+  /// What drawing operations leave behind, and what they start from.
+  struct DrawingState {
+    RGBDType fillColor;
+    RGBDType fillColor2;
+    RGBDType outlineColor;
+    RGBDType lineColor;
+    RGBDType currentColor;
+    int lineStyle;
+    int lineStyleFactor;
+    int textureEnabled;
+    int polygonOutlineMode;
+    int colorMode;
+    int savedColorMode;
+    int clippingEnabled;
+    float lineWidth;
+    float sentLineWidth;
+    const double* loadedMatrix;         ///< null: the identity
+    std::array<double, 16> movedSince;  ///< what the loaded matrix was multiplied by
+  };
+  /// Gathers what is drawn while it lives, then draws it.
+  class Gathering {
+   public:
+    explicit Gathering(COpenGL& context);
+    ~Gathering();
+    Gathering(const Gathering&) = delete;
+    Gathering& operator=(const Gathering&) = delete;
+
+   private:
+    COpenGL& m_context;
+  };
+  /// True when OpenGL draws, and doesn't tell what it would draw.
+  bool IsRendering() const;
+  /// True when OpenGL draws, and isn't to draw one by one.
+  bool CanGather() const;
+  /// Hides the far sides of solids that are drawn one by one, as in gathered drawings.
+  class HidingFarSides {
+   public:
+    explicit HidingFarSides(COpenGL& context);
+    ~HidingFarSides();
+    HidingFarSides(const HidingFarSides&) = delete;
+    HidingFarSides& operator=(const HidingFarSides&) = delete;
+
+   private:
+    COpenGL& m_context;
+  };
+  void BeginGathering();
+  void EndGathering() noexcept;
+  /// Nothing of what was gathered last could be drawn: memory ran out.
+  bool HasFailedToGather() const { return m_hasFailedToGather; }
+  /// What was gathered last, with the state after it; null when not all of it could be.
+  std::unique_ptr<orvalix::DrawList> TakeGathered(DrawingState& end);
+  bool Owns(const orvalix::DrawList& list) const;
+  void DrawKept(const orvalix::DrawList& list, const DrawingState& end);
+  /// Every number on which what is drawn next depends.
+  void AppendDrawingState(std::vector<double>& numbers) const;
+  DrawingState GetDrawingState() const;
+  /// Makes OpenGL's state that of this object.
+  void RestoreState(const DrawingState& state);
+  /// What follows from the state for a polygon or line that is gathered now.
+  orvalix::RecordedFill RecordedFillNow();
+  orvalix::RecordedStroke RecordedStrokeNow();
+  void RecordPolygon(const point3Dtype* points, int n);
+  void RecordSolid(const point3Dtype* corners);
+  void RecordFrame(const point3Dtype* points, int n);
+  void RecordLine(point3Dtype const& a, point3Dtype const& b);
+  void StartRecordedLine();
+  void RecordLinePoint(point3Dtype const& point);
 
   RGBDType m_fillColor;     ///< first colour of SetFillStyle3D()
   RGBDType m_fillColor2;    ///< second colour of SetFillStyle3D(): only stored
@@ -406,4 +494,14 @@ class ORVALIX_API COpenGL {
   bool m_lineIsOpen;                              ///< between StartLineAbs3D() and EndLineAbs3D()
   int m_classTag;                                 ///< 1717 marks a live object
   std::unique_ptr<orvalix::GLBinding> m_binding;  ///< OpenGL bound to the bitmap
+  RGBDType m_currentColor;                        ///< as last sent to OpenGL
+  float m_sentLineWidth;                          ///< pixels, as last sent to OpenGL
+  int m_clippingEnabled;                          ///< 1 while clip planes are on
+  int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
+  bool m_hidesFarSides;      ///< of closed solids: nothing else could show their inside
+  bool m_hasFailedToGather;  ///< memory ran out, and nothing was drawn
+  std::unique_ptr<orvalix::DrawRecorder> m_recorder;  ///< null unless drawing is being gathered
+  std::unique_ptr<orvalix::DrawList> m_gathered;      ///< as a whole, until it is taken
+  DrawingState m_gatheredEnd;                         ///< the state after it
+  std::shared_ptr<orvalix::BufferPool> m_buffers;     ///< of drawings that are kept
 };

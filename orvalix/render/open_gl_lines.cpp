@@ -7,13 +7,17 @@
 
 void COpenGL::SendLineWidth() {
   // OpenGL itself refuses widths that aren't positive; an undefined one never reaches it.
-  if (m_lineWidth > 0.0F) glLineWidth(m_lineWidth);
+  if (!(m_lineWidth > 0.0F)) return;
+  m_sentLineWidth = m_lineWidth;
+  glLineWidth(m_lineWidth);
 }
 
-void COpenGL::SendStipple(int style) {
+unsigned short COpenGL::StippleOf(int style) const {
   const bool known = style >= 0 && style < static_cast<int>(m_stipples.size());
-  glLineStipple(m_lineStyleFactor, m_stipples[known ? static_cast<std::size_t>(style) : 0]);
+  return m_stipples[known ? static_cast<std::size_t>(style) : 0];
 }
+
+void COpenGL::SendStipple(int style) { glLineStipple(m_lineStyleFactor, StippleOf(style)); }
 
 void COpenGL::SendVertex(point3Dtype const& point) { glVertex3d(point.x, point.y, point.z); }
 
@@ -32,6 +36,10 @@ void COpenGL::EndLine() {
 }
 
 void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {
+  if (m_recorder != nullptr) {
+    RecordLine(a, b);
+    return;
+  }
   BeginLine();
   if (orvalix::IsPlaceable(a) && orvalix::IsPlaceable(b)) {
     glBegin(GL_LINES);
@@ -44,10 +52,15 @@ void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {
 
 void COpenGL::StartLineAbs3D(point3Dtype const& point) {
   if (m_lineIsOpen) FinishLine();
+  m_lineIsOpen = true;
+  if (m_recorder != nullptr) {
+    StartRecordedLine();
+    SendLinePoint(point);
+    return;
+  }
   BeginLine();
   glShadeModel(GL_FLAT);  // each line has the colour of its end
   glBegin(GL_LINE_STRIP);
-  m_lineIsOpen = true;
   SendLinePoint(point);
 }
 
@@ -62,6 +75,11 @@ void COpenGL::EndLineAbs3D(point3Dtype const& point) {
 }
 
 void COpenGL::FinishLine() {
+  if (m_recorder != nullptr) {
+    m_lineIsOpen = false;
+    SetColorMode(m_savedColorMode);
+    return;
+  }
   glEnd();
   glShadeModel(GL_SMOOTH);
   m_lineIsOpen = false;
@@ -69,6 +87,10 @@ void COpenGL::FinishLine() {
 }
 
 void COpenGL::SendLinePoint(point3Dtype const& point) {
+  if (m_recorder != nullptr) {
+    RecordLinePoint(point);
+    return;
+  }
   if (orvalix::IsPlaceable(point)) {
     SendVertex(point);
     return;
@@ -95,6 +117,7 @@ void COpenGL::EndOutline() {
 
 void COpenGL::PolyAbs3D(const point3Dtype* points, int n) {
   if (points == nullptr) return;
+  SendGathered();
   BeginOutline(m_lineColor);
   glPolygonMode(GL_FRONT, GL_LINE);
   if (orvalix::ArePlaceable(points, n)) {
@@ -108,6 +131,10 @@ void COpenGL::PolyAbs3D(const point3Dtype* points, int n) {
 
 void COpenGL::Frame3D(const point3Dtype* points, int n) {
   if (points == nullptr || n < 1) return;
+  if (m_recorder != nullptr) {
+    RecordFrame(points, n);
+    return;
+  }
   BeginOutline(m_outlineColor);
   glBegin(GL_LINE_STRIP);
   for (int i = 0; i < n; ++i) SendLinePoint(points[i]);

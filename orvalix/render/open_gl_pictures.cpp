@@ -59,6 +59,7 @@ void COpenGL::DrawPictureQuad(const unsigned char* rgba, int width, int height,
                               const point3Dtype* corners, int repeatX, int repeatY) {
   if (rgba == nullptr || width < 1 || height < 1 || corners == nullptr) return;
   if (!orvalix::ArePlaceable(corners, kCorners)) return;
+  SendGathered();
   const KeptState state;
   const TextureObject texture;
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);

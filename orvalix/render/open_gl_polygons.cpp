@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -6,6 +7,8 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/placeable_internal.h"
+#include "orvalix/render/solid_faces_internal.h"
+#include "orvalix/render/view_direction_internal.h"
 
 namespace {
 
@@ -13,33 +16,49 @@ namespace {
 constexpr double kTextureInset = 0.004;
 
 constexpr int kCorners = 8;
+constexpr int kFaces = 6;
 
-struct Face {
-  std::size_t flag;                    ///< index of the face's flag
-  std::array<std::size_t, 4> corners;  ///< in drawing order, seen from outside counterclockwise
-};
-
-constexpr std::array<Face, 6> kFaces{{{0, {0, 3, 7, 4}},
-                                      {5, {1, 5, 6, 2}},
-                                      {1, {0, 4, 5, 1}},
-                                      {2, {3, 2, 6, 7}},
-                                      {3, {0, 1, 2, 3}},
-                                      {4, {4, 7, 6, 5}}}};
+/// Which faces of a solid are hidden by its others; all false for one that has no inside.
+std::array<bool, kFaces> FarSides(const point3Dtype* corners) {
+  std::array<point3Dtype, kCorners> solid;
+  std::copy_n(corners, kCorners, solid.begin());
+  const orvalix::SolidSides sides = orvalix::FindSides(solid);
+  std::array<bool, kFaces> isFar{};
+  if (!sides.isClosed) return isFar;
+  std::array<double, 3> low{corners[0].x, corners[0].y, corners[0].z};
+  std::array<double, 3> high = low;
+  for (const point3Dtype& corner : solid) {
+    const std::array<double, 3> place{corner.x, corner.y, corner.z};
+    for (std::size_t i = 0; i < place.size(); ++i) {
+      low[i] = std::min(low[i], place[i]);
+      high[i] = std::max(high[i], place[i]);
+    }
+  }
+  const std::array<double, 16> matrix = orvalix::ToClipSpace();
+  for (std::size_t i = 0; i < isFar.size(); ++i) {
+    isFar[i] = !sides.hasNoArea[i] && orvalix::LooksAway(matrix, sides.outward[i], low, high);
+  }
+  return isFar;
+}
 
 }  // namespace
 
-void COpenGL::SendTextureCoordinate(point3Dtype const& point) {
+double COpenGL::TextureCoordinate(point3Dtype const& point) const {
   double value = point.z;
   if (m_textureMode == 0) value = point.x;
   if (m_textureMode == 1) value = point.y;
   if (m_textureMode == 3) value = point.v;
-  glTexCoord1d((value - m_textureMinimum) * m_textureScale + kTextureInset);
+  return (value - m_textureMinimum) * m_textureScale + kTextureInset;
 }
 
 void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
   SetFillStyle3D(m_fillColor, m_fillColor2, m_outlineColor);
-  glPolygonMode(GL_FRONT, GL_FILL);
+  if (m_recorder == nullptr) glPolygonMode(GL_FRONT, GL_FILL);
   if (points == nullptr || n < 1 || !orvalix::ArePlaceable(points, n)) return;
+  if (m_recorder != nullptr) {
+    RecordPolygon(points, n);
+    return;
+  }
   const bool outlined = m_polygonOutlineMode != 0;
   // The filled area gives way, by the depth that it covers in a pixel, to the lines on its edge.
   if (outlined) glEnable(GL_POLYGON_OFFSET_FILL);
@@ -50,7 +69,7 @@ void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
     glNormal3d(normal.x, normal.y, normal.z);
   }
   for (int i = 0; i < n; ++i) {
-    if (m_textureEnabled != 0) SendTextureCoordinate(points[i]);
+    if (m_textureEnabled != 0) glTexCoord1d(TextureCoordinate(points[i]));
     SendVertex(points[i]);
   }
   glEnd();
@@ -77,8 +96,18 @@ void COpenGL::DrawSolidObject3D(const point3Dtype* corners, RGBDType const& fill
   if (corners == nullptr || faceFlags == nullptr) return;
   if (!orvalix::ArePlaceable(corners, kCorners)) return;
   const RGBDType black = SetRGBD(0.0, 0.0, 0.0, 1.0);
-  for (const Face& face : kFaces) {
-    if (faceFlags[face.flag] == 0) continue;
+  const bool isWhole = std::count(faceFlags, faceFlags + kFaces, 0) == 0;
+  if (m_recorder != nullptr && isWhole) {
+    SetFillStyle3D(fill, black, outline);
+    RecordSolid(corners);
+    return;
+  }
+  // Single pixels of them would be seen at the outlines.
+  const std::array<bool, kFaces> isHidden =
+      isWhole && m_hidesFarSides ? FarSides(corners) : std::array<bool, kFaces>{};
+  for (std::size_t k = 0; k < orvalix::kSolidFaces.size(); ++k) {
+    const orvalix::SolidFace& face = orvalix::kSolidFaces[k];
+    if (faceFlags[face.flag] == 0 || isHidden[k]) continue;
     std::array<point3Dtype, 5> outlined;
     for (std::size_t i = 0; i < outlined.size(); ++i) outlined[i] = corners[face.corners[i % 4]];
     SetFillStyle3D(fill, black, outline);

@@ -62,6 +62,7 @@ void DrawWire(int type, point3Dtype const& size) {
 }  // namespace
 
 void COpenGL::DrawAuxObject(int type, int solid, point3Dtype const& size) {
+  SendGathered();
   const int colorMode = m_colorMode;
   if (solid != 0) {
     SetFillStyle3D(m_fillColor, m_fillColor2, m_outlineColor);

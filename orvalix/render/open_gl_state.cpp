@@ -3,6 +3,7 @@
 
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/points.h"
+#include "orvalix/render/draw_recorder_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 
@@ -16,13 +17,17 @@ const float* Components(const RGBFType& color) { return &color.red; }
 
 }  // namespace
 
-void COpenGL::Clear(int mask) { glClear(static_cast<GLbitfield>(mask)); }
+void COpenGL::Clear(int mask) {
+  SendGathered();
+  glClear(static_cast<GLbitfield>(mask));
+}
 
 void COpenGL::SetClearColor(double r, double g, double b, double) {
   glClearColor(static_cast<float>(r), static_cast<float>(g), static_cast<float>(b), 0.0F);
 }
 
 void COpenGL::SetViewport(GLViewportType const& viewport) {
+  SendGathered();
   m_viewport = viewport;
   const int width = std::max(viewport.width, 0);
   const int height = std::max(viewport.height, 0);
@@ -43,6 +48,10 @@ void COpenGL::GetOutputViewport(GLViewportType& viewport) const { viewport = m_o
 
 void COpenGL::SetColorMode(int mode) {
   m_colorMode = mode;
+  if (m_recorder != nullptr) {
+    m_recorder->GetState().isLit = mode != 0 ? 1 : 0;
+    return;
+  }
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
     orvalix::SetCapability(static_cast<GLenum>(capability), mode != 0);
   }
@@ -50,7 +59,10 @@ void COpenGL::SetColorMode(int mode) {
 
 int COpenGL::GetColorMode() const { return m_colorMode; }
 
-void COpenGL::EnableLight(int capability) { glEnable(static_cast<GLenum>(capability)); }
+void COpenGL::EnableLight(int capability) {
+  SendGathered();
+  glEnable(static_cast<GLenum>(capability));
+}
 
 void COpenGL::SetLightComponent(int which, RGBDType const& color) {
   switch (which) {
@@ -93,6 +105,7 @@ void COpenGL::SetLightPosition(point3Dtype const& position) {
 }
 
 void COpenGL::LoadLight(int which) {
+  SendGathered();
   switch (which) {
     case GL_AMBIENT:
       glLightfv(GL_LIGHT0, GL_AMBIENT, Components(m_lightAmbient));
@@ -113,12 +126,14 @@ void COpenGL::LoadLight(int which) {
 }
 
 void COpenGL::SetupShading() {
+  SendGathered();
   glShadeModel(GL_SMOOTH);
   glClearDepth(1.0);
   glEnable(GL_DEPTH_TEST);
 }
 
 void COpenGL::SetClipLimits(point3Dtype const& min, point3Dtype const& max) {
+  SendGathered();
   const std::array<double, 3> margin{(max.x - min.x) * kClipMargin, (max.y - min.y) * kClipMargin,
                                      (max.z - min.z) * kClipMargin};
   // Kept: y and z follow the x axis, not their own order; charts are clipped the same everywhere.
@@ -139,12 +154,20 @@ void COpenGL::SetClipLimits(point3Dtype const& min, point3Dtype const& max) {
 }
 
 void COpenGL::EnableClipping(int flag) {
+  m_clippingEnabled = flag != 0 ? 1 : 0;
+  if (m_recorder != nullptr) {
+    m_recorder->GetState().isClipped = m_clippingEnabled;
+    return;
+  }
   for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
     orvalix::SetCapability(plane, flag != 0);
   }
 }
 
-void COpenGL::SendColor(RGBDType const& color) { glColor3d(color.red, color.green, color.blue); }
+void COpenGL::SendColor(RGBDType const& color) {
+  m_currentColor = color;
+  if (m_recorder == nullptr) glColor3d(color.red, color.green, color.blue);
+}
 
 void COpenGL::SetFillStyle3D(RGBDType const& fill, RGBDType const& second,
                              RGBDType const& outline) {

@@ -2,6 +2,7 @@
 #include <cstddef>
 
 #include "orvalix/foundation/colors.h"
+#include "orvalix/render/draw_recorder_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 
@@ -14,6 +15,7 @@ constexpr int kTextureSize = 256;
 void COpenGL::SetTextureMode(int mode) {
   m_textureMode = mode;
   if (mode < 0) return;
+  SendGathered();
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_DECAL);
   glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
@@ -25,10 +27,15 @@ void COpenGL::SetTextureMode(int mode) {
 
 void COpenGL::EnableTexture(int flag) {
   m_textureEnabled = flag;
+  if (m_recorder != nullptr) {
+    m_recorder->GetState().isTextured = flag != 0 ? 1 : 0;
+    return;
+  }
   orvalix::SetCapability(GL_TEXTURE_1D, flag != 0);
 }
 
 void COpenGL::UploadTexture(int size) {
+  SendGathered();
   glTexImage1D(GL_TEXTURE_1D, 0, 4, size, 0, GL_RGBA, GL_UNSIGNED_BYTE, m_textureColors.data());
 }
 

@@ -178,6 +178,7 @@ void CTextObj3D::Transform() {
 
 void CTextObj3D::OutText() {
   if (!IsDrawn()) return;
+  m_context->SendGathered();
   m_transform->TextTransform();
   m_transform->NormalizePoint(m_location, m_normLocation);
   OutTextNorm();
@@ -189,6 +190,7 @@ void CTextObj3D::OutTextNorm() {
   CalcComplexAspectRatio(scale);
   if (!orvalix::IsPlaceable(m_normLocation) || !orvalix::IsPlaceable(scale)) return;
 
+  m_context->SendGathered();
   // The projection may still be the current matrix when a view draws its first text.
   m_context->SelectModelView();
   m_context->PushMatrix();

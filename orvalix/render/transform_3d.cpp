@@ -1,5 +1,8 @@
 #include "orvalix/render/transform_3d.h"
 
+#include <bit>
+#include <cstdint>
+
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/logarithms.h"
@@ -239,6 +242,16 @@ void CTransform3D::MakeGraphTransformCurrent() {
 
 void CTransform3D::MakeTextTransformCurrent() {
   m_context->LoadMatrixTransform(m_fontTransform.data());
+}
+
+void CTransform3D::AppendShape(std::vector<double>& numbers) const {
+  for (const point3Dtype& point :
+       {m_scaleMin, m_scaleMax, m_workingScaleMin, m_workingScaleMax, m_chartRect}) {
+    numbers.insert(numbers.end(), {point.x, point.y, point.z});
+  }
+  numbers.insert(numbers.end(), m_axisScaleModes.begin(), m_axisScaleModes.end());
+  // Drawings load its matrices from where they are.
+  numbers.push_back(std::bit_cast<double>(reinterpret_cast<std::uintptr_t>(this)));
 }
 
 void CTransform3D::ChartTransform() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
@@ -149,6 +150,9 @@ class ORVALIX_API CTransform3D {
   void TransformRotate();
   void TransformScale();
   void TransformTranslate();
+  /// Addition: appends every number by which the transform shapes what is drawn through it, and
+  /// which of all transforms it is. Turning and moving change none of them.
+  void AppendShape(std::vector<double>& numbers) const;
   /// The 16 values, column by column, that ChartTransform() captured. They belong to this object.
   double* GetGraphTransform();
   /// The 16 values, column by column, that TextTransform() captured. They belong to this object.

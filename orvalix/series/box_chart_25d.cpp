@@ -30,18 +30,18 @@ void CChartObj3D::DrawBoxAndWhiskerChart25D() {
     part.PlaneChart25D(m_indData.data(), GroupRow(row).data(), m_constValue,
                        static_cast<int>(count), m_indWidth, m_constWidth, GroupFill(color),
                        m_outlineColor, 1, 1, m_indAxis);
-    part.DrawChartObj();
+    part.DrawAsPart();
   };
   const auto drawBox = [&](std::size_t bottom, std::size_t top, std::size_t color) {
     for (std::size_t i = 0; i < count; ++i) heights[i] = GroupRow(top)[i] - GroupRow(bottom)[i];
     part.FloatingBarChart25D(m_indData.data(), GroupRow(top).data(), heights.data(), m_constValue,
                              static_cast<int>(count), m_indWidth, m_constWidth, GroupFill(color),
                              m_outlineColor, 1, 1, m_indAxis);
-    part.DrawChartObj();
+    part.DrawAsPart();
   };
   if (m_comboChartFlags[0] != 0) {
     SetUpSymbols(part, kSymbolValue, m_symbol, count, kPlace);
-    part.DrawChartObj();
+    part.DrawAsPart();
   }
   drawEnd(kLowerEnd, 0);
   drawBox(kLowerEdge, kDivision, 1);

@@ -6,6 +6,7 @@
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/kept_drawing_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/transform_3d.h"
 
@@ -112,11 +113,31 @@ void CChartObj3D::DrawChartObj() {
   if (m_enable == 0 || m_openGL == nullptr || m_transform == nullptr) return;
   const SwitchedOffAfterwards guard(*m_openGL, *m_transform);
   m_openGL->SetPolygonOutlineMode(m_outlineMode);
+  // Both matrices, whichever the type draws through.
+  m_transform->TextTransform();
   m_transform->ChartTransform();
   m_openGL->SetColorMode(m_colorMode);
   m_openGL->EnableTexture(m_colorMode == kColorByValue ? 1 : 0);
   if (m_clipping != 0) m_transform->SetClipping(m_clipping);
+  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawChartObj", [this] {
+    m_kept.Get().Run(*m_openGL, Shape(), [this] {
+      m_openGL->LoadMatrixTransform(m_transform->GetGraphTransform());
+      DrawChartType();
+    });
+  });
+}
+
+void CChartObj3D::DrawAsPart() {
+  m_openGL->SetPolygonOutlineMode(m_outlineMode);
+  m_openGL->LoadMatrixTransform(m_transform->GetGraphTransform());
+  m_openGL->SetColorMode(m_colorMode);
+  m_openGL->EnableTexture(m_colorMode == kColorByValue ? 1 : 0);
+  m_openGL->EnableClipping(m_clipping);
   DrawChartType();
+  // As after an object of its own.
+  m_transform->SetClipping(0);
+  m_openGL->SetPolygonOutlineMode(0);
+  m_openGL->EnableTexture(0);
 }
 
 void CChartObj3D::DrawChartType() {

@@ -12,6 +12,7 @@
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
+#include "orvalix/render/kept_drawing.h"
 #include "orvalix/surface/polysurface.h"
 
 class COpenGL;
@@ -518,6 +519,12 @@ class ORVALIX_API CChartObj3D {
     ~StoredArray() = default;
   };
 
+  /// Every number that shapes what is drawn, apart from the data.
+  std::vector<double> Shape() const;
+  void DrawChartType();
+  /// Draws as a part of another object, which is being drawn through the same transform.
+  void DrawAsPart();
+
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
   template <class Record, class Self>
@@ -538,7 +545,6 @@ class ORVALIX_API CChartObj3D {
   void StorePlace25D(double constant, int constJustify, int indAxis);
   void StoreWidths(double indWidth, double constWidth);
   void StoreColors(RGBDType const& fill, RGBDType const& outline);
-  void DrawChartType();
   void DrawRibbonChart25D();
   void DrawBarChart25D();
   void DrawBarChart3D();
@@ -693,6 +699,7 @@ class ORVALIX_API CChartObj3D {
   StoredArray<RGBDType> m_segmentColors;      ///< colours of segments, or of contours
   StoredArray<CString> m_strings;             ///< texts at points
   std::optional<CPolysurface> m_polysurface;  ///< of surfaces and contours
+  orvalix::KeptDrawingSlot m_kept;            ///< what was drawn last
   int m_classTag;                             ///< 606 marks a live object
   int m_ownerID;                              ///< id of the transform bound last
 };

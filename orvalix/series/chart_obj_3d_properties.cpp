@@ -31,12 +31,14 @@ int OneMore(int count) { return count < std::numeric_limits<int>::max() ? count 
 double CChartObj3D::GetIndData(int i) const { return Element(m_indData, i, m_numDataPnts); }
 
 void CChartObj3D::SetIndData(int i, double value) {
+  m_kept.Forget();
   SetElement(m_indData, i, m_numDataPnts, value);
 }
 
 double CChartObj3D::GetDepData(int i) const { return Element(m_depData, i, m_numDataPnts); }
 
 void CChartObj3D::SetDepData(int i, double value) {
+  m_kept.Forget();
   SetElement(m_depData, i, m_numDataPnts, value);
 }
 
@@ -45,12 +47,14 @@ double CChartObj3D::GetDepData2(int i, double) const {
 }
 
 void CChartObj3D::SetDepData2(int i, double value) {
+  m_kept.Forget();
   SetElement(m_depData2, i, m_numDataPnts, value);
 }
 
 double CChartObj3D::GetBarHeight(int i) const { return Element(m_barHeights, i, m_numDataPnts); }
 
 void CChartObj3D::SetBarHeight(int i, double value) {
+  m_kept.Forget();
   SetElement(m_barHeights, i, m_numDataPnts, value);
 }
 
@@ -67,6 +71,7 @@ double CChartObj3D::GetGroupData(int group, int point) const {
 }
 
 void CChartObj3D::SetGroupData(int group, int point, double value) {
+  m_kept.Forget();
   std::size_t index = 0;
   if (FindGroupData(group, point, index)) m_groupData[index] = value;
 }
@@ -74,6 +79,7 @@ void CChartObj3D::SetGroupData(int group, int point, double value) {
 RGBDType CChartObj3D::GetGroupColor(int i) const { return Element(m_groupColors, i, m_numGroups); }
 
 void CChartObj3D::SetGroupColor(int i, RGBDType const& color) {
+  m_kept.Forget();
   SetElement(m_groupColors, i, m_numGroups, color);
 }
 
@@ -82,12 +88,14 @@ RGBDType CChartObj3D::GetSegmentColor(int i) const {
 }
 
 void CChartObj3D::SetSegmentColor(int i, RGBDType const& color) {
+  m_kept.Forget();
   SetElement(m_segmentColors, i, m_numDataPnts, color);
 }
 
 point3Dtype CChartObj3D::Get3DPoint(int i) const { return Element(m_points, i, m_numDataPnts); }
 
 void CChartObj3D::Set3DPoint(int i, point3Dtype const& point) {
+  m_kept.Forget();
   SetElement(m_points, i, m_numDataPnts, point);
 }
 
@@ -98,6 +106,7 @@ CString CChartObj3D::GetScatterTextString(int i) const {
 }
 
 void CChartObj3D::SetScatterTextString(int i, CString const& text) {
+  m_kept.Forget();
   orvalix::WithAllocationErrors(ERR3D_ARRAY_NEW, ERR3DCLASS_CHARTOBJ3D, "SetScatterTextString",
                                 [&] { SetElement(m_strings, i, m_numDataPnts, text); });
 }
@@ -105,6 +114,7 @@ void CChartObj3D::SetScatterTextString(int i, CString const& text) {
 double CChartObj3D::GetContourValue(int i) const { return Element(m_indData, i, m_numDataPnts); }
 
 void CChartObj3D::SetContourValue(int i, double value) {
+  m_kept.Forget();
   SetElement(m_indData, i, m_numContours, value);
 }
 
@@ -113,6 +123,7 @@ RGBDType CChartObj3D::GetContourColor(int i) const {
 }
 
 void CChartObj3D::SetContourColor(int i, RGBDType const& color) {
+  m_kept.Forget();
   SetElement(m_segmentColors, i, OneMore(m_numContours), color);
 }
 
@@ -123,6 +134,7 @@ point3Dtype CChartObj3D::GetPolysurfacePoint(int i) const {
 }
 
 void CChartObj3D::SetPolysurfacePoint(int i, point3Dtype const& point) {
+  m_kept.Forget();
   if (m_polysurface.has_value()) m_polysurface->SetOnePolysurfacePoint(i, point);
 }
 

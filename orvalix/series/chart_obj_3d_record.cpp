@@ -2,8 +2,11 @@
 #include <climits>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 
 namespace {
@@ -51,7 +54,39 @@ void RecordAs(Record& record, const char* name, Field& field, int stored) {
   }
 }
 
+/// Takes a record's fields as numbers: those that shape what a series looks like.
+class ShapeOf {
+ public:
+  static constexpr bool kReading = false;
+
+  void Field(const char*, const int& value) {
+    // The counter says nothing of this object.
+    if (&value != &CChartObj3D::nSelfID) numbers.push_back(value);
+  }
+  void Field(const char*, const double& value) { numbers.push_back(value); }
+  void Field(const char*, const RGBDType& value) {
+    numbers.insert(numbers.end(), {value.red, value.green, value.blue});
+  }
+  template <class T, std::size_t N>
+  void Fields(const char*, const std::array<T, N>& values) {
+    numbers.insert(numbers.end(), values.begin(), values.end());
+  }
+
+  std::vector<double> numbers;
+};
+
 }  // namespace
+
+std::vector<double> CChartObj3D::Shape() const {
+  ShapeOf shape;
+  RecordAttributes(shape, *this);
+  // As they are: a record holds what there are elements for.
+  for (const int count : {m_numDataPnts, m_numGroups, m_numContours}) {
+    shape.numbers.push_back(count);
+  }
+  m_transform->AppendShape(shape.numbers);
+  return std::move(shape.numbers);
+}
 
 int CChartObj3D::PointsToSave() const {
   if (CountIn(m_points, m_pointCount) != 0) return CountIn(m_points, m_numDataPnts);
@@ -203,6 +238,7 @@ void CChartObj3D::Save(void* file) const {
 }
 
 void CChartObj3D::Load(void* file) {
+  m_kept.Forget();
   orvalix::LoadRecord(file, ERR3DCLASS_CHARTOBJ3D,
                       [this](auto& record) { RecordFields(record, *this); });
 }

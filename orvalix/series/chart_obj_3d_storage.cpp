@@ -47,49 +47,74 @@ CChartObj3D& CChartObj3D::operator=(const CChartObj3D& source) {
 CChartObj3D& CChartObj3D::operator=(CChartObj3D&& source) noexcept = default;
 
 void CChartObj3D::InitIndDataStorage(const double* source) {
+  m_kept.Forget();
   if (source != nullptr) Copy(m_indData, source, ToSize(m_numDataPnts), "InitIndDataStorage");
 }
 
-void CChartObj3D::DeleteIndDataStorage() { Free(m_indData); }
+void CChartObj3D::DeleteIndDataStorage() {
+  m_kept.Forget();
+  Free(m_indData);
+}
 
 void CChartObj3D::InitDepDataStorage(const double* source) {
+  m_kept.Forget();
   if (source != nullptr) Copy(m_depData, source, ToSize(m_numDataPnts), "InitDepDataStorage");
 }
 
-void CChartObj3D::DeleteDepDataStorage() { Free(m_depData); }
+void CChartObj3D::DeleteDepDataStorage() {
+  m_kept.Forget();
+  Free(m_depData);
+}
 
 void CChartObj3D::InitDepData2Storage(const double* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   Copy(m_depData2, source, ToSize(m_numDataPnts), "InitDepData2Storage");
   m_dep2Count = m_numDataPnts;
 }
 
-void CChartObj3D::DeleteDepData2Storage() { Free(m_depData2); }
+void CChartObj3D::DeleteDepData2Storage() {
+  m_kept.Forget();
+  Free(m_depData2);
+}
 
 void CChartObj3D::InitBarHeightsStorage(const double* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   Copy(m_barHeights, source, ToSize(m_numDataPnts), "InitBarHeightsStorage");
   m_barHeightsCount = m_numDataPnts;
 }
 
-void CChartObj3D::DeleteBarHeightsStorage() { Free(m_barHeights); }
+void CChartObj3D::DeleteBarHeightsStorage() {
+  m_kept.Forget();
+  Free(m_barHeights);
+}
 
 void CChartObj3D::InitGroupDataStorage(const double* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   Copy(m_groupData, source, ToSize(m_numDataPnts) * ToSize(m_numGroups), "InitGroupDataStorage");
 }
 
-void CChartObj3D::DeleteGroupDataStorage() { Free(m_groupData); }
+void CChartObj3D::DeleteGroupDataStorage() {
+  m_kept.Forget();
+  Free(m_groupData);
+}
 
 void CChartObj3D::InitGroupColorsStorage(const RGBDType* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   Copy(m_groupColors, source, ToSize(m_numGroups), "InitGroupColorsStorage");
   m_groupColorsCount = m_numGroups;
 }
 
-void CChartObj3D::DeleteGroupColorsStorage() { Free(m_groupColors); }
+void CChartObj3D::DeleteGroupColorsStorage() {
+  m_kept.Forget();
+  Free(m_groupColors);
+}
 
 void CChartObj3D::InitSegmentColorsStorage(const RGBDType* source) {
+  m_kept.Forget();
   if (source == nullptr) {
     m_segmentColorMode = 0;
     return;
@@ -99,9 +124,13 @@ void CChartObj3D::InitSegmentColorsStorage(const RGBDType* source) {
   m_segmentColorMode = 1;
 }
 
-void CChartObj3D::DeleteSegmentColorsStorage() { Free(m_segmentColors); }
+void CChartObj3D::DeleteSegmentColorsStorage() {
+  m_kept.Forget();
+  Free(m_segmentColors);
+}
 
 void CChartObj3D::Init3DPointStorage(const point3Dtype* source) {
+  m_kept.Forget();
   if (source == nullptr) {
     m_numDataPnts = 0;
     return;
@@ -110,23 +139,35 @@ void CChartObj3D::Init3DPointStorage(const point3Dtype* source) {
   m_pointCount = m_numDataPnts;
 }
 
-void CChartObj3D::Delete3DPointStorage() { Free(m_points); }
+void CChartObj3D::Delete3DPointStorage() {
+  m_kept.Forget();
+  Free(m_points);
+}
 
 void CChartObj3D::InitContourValueStorage(const double* source) {
+  m_kept.Forget();
   if (source != nullptr) Copy(m_indData, source, ToSize(m_numContours), "InitContourValueStorage");
 }
 
-void CChartObj3D::DeleteContourValueStorage() { Free(m_indData); }
+void CChartObj3D::DeleteContourValueStorage() {
+  m_kept.Forget();
+  Free(m_indData);
+}
 
 void CChartObj3D::InitContourColorsStorage(const RGBDType* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   const std::size_t count = m_numContours < 0 ? 0 : ToSize(m_numContours) + 1;
   Copy(m_segmentColors, source, count, "InitContourColorsStorage");
 }
 
-void CChartObj3D::DeleteContourColorsStorage() { Free(m_segmentColors); }
+void CChartObj3D::DeleteContourColorsStorage() {
+  m_kept.Forget();
+  Free(m_segmentColors);
+}
 
 void CChartObj3D::InitPolysurfaceStorage(const CPolysurface* source) {
+  m_kept.Forget();
   constexpr const char* kPlace = "InitPolysurfaceStorage";
   if (source == nullptr) return;
   orvalix::RequireTag(source, orvalix::kPolysurfaceTag, ERR3D_PARAMETER, ERR3DCLASS_CHARTOBJ3D,
@@ -139,15 +180,22 @@ void CChartObj3D::InitPolysurfaceStorage(const CPolysurface* source) {
   m_polysurfaceFlag = 1;
 }
 
-void CChartObj3D::DeletePolysurfaceStorage() { m_polysurface.reset(); }
+void CChartObj3D::DeletePolysurfaceStorage() {
+  m_kept.Forget();
+  m_polysurface.reset();
+}
 
 void CChartObj3D::InitDataStringsStorage(const CString* source) {
+  m_kept.Forget();
   if (source == nullptr) return;
   Copy(m_strings, source, ToSize(m_numDataPnts), "InitDataStringsStorage");
   m_stringsCount = m_numDataPnts;
 }
 
-void CChartObj3D::DeleteDataStringsStorage() { Free(m_strings); }
+void CChartObj3D::DeleteDataStringsStorage() {
+  m_kept.Forget();
+  Free(m_strings);
+}
 
 void CChartObj3D::SetDataStorage25D(const double* ind, const double* dep, const double* dep2,
                                     int n) {

@@ -39,7 +39,7 @@ void CChartObj3D::DrawOHLCChart25D() {
     if (!enabled(row)) return;
     CChartObj3D symbols = MakePart();
     SetUpSymbols(symbols, row, symbol, count, kPlace);
-    symbols.DrawChartObj();
+    symbols.DrawAsPart();
   };
   drawSymbols(kOpen, m_symbol);
   for (const std::size_t row : {kHigh, kLow}) {
@@ -48,7 +48,7 @@ void CChartObj3D::DrawOHLCChart25D() {
     planes.PlaneChart25D(m_indData.data(), GroupRow(row).data(), m_constValue,
                          static_cast<int>(count), along, across, GroupFill(row), m_outlineColor, 1,
                          1, m_indAxis);
-    planes.DrawChartObj();
+    planes.DrawAsPart();
   }
   drawSymbols(kClose, m_symbol2);
   m_openGL->SetLineStyle3D(0, 1.0, RGBDType{0.0, 0.0, 0.0, 1.0});

@@ -85,9 +85,6 @@ void CChartObj3D::DrawScatterChart3D() {
   const std::size_t count = PointsIn({m_points.size()});
   if (count == 0) return;
   const double scale = m_relSize * kSymbolScale;
-  // The two matrices don't change from point to point: computed once, loaded where needed.
-  m_transform->TextTransform();
-  m_transform->ChartTransform();
   for (std::size_t i = 0; i < count; ++i) {
     const RGBDType color = SegmentFill(i);
     ProjectionLine(m_points[i], color);

@@ -47,6 +47,20 @@ TEST_P(SceneTest, LooksAsStored) {
   orvalix::test::ExpectGoldenPicture(orvalix::TakePicture(*view), GetParam().name);
 }
 
+/// Gathered drawings differ from those sent one by one in single pixels at edges.
+constexpr double kMostDifferingPixels = 0.001;
+
+TEST_P(SceneTest, LooksTheSameGatheredAndOneByOne) {
+  const orvalix::Picture first = orvalix::TakePicture(*view);
+  view->DrawViewScreen();  // of what was kept
+  EXPECT_EQ(orvalix::Compare(first, orvalix::TakePicture(*view)).largest, 0);
+  view->GetOpenGLPntr()->SetGathering(0);
+  view->DrawViewScreen();
+  const orvalix::PictureDifference difference =
+      orvalix::Compare(first, orvalix::TakePicture(*view));
+  EXPECT_LE(difference.differingShare, kMostDifferingPixels);
+}
+
 TEST_P(SceneTest, LooksTheSameOutOfItsFile) {
   const orvalix::test::TemporaryFile file;
   view->Save(file.Path());

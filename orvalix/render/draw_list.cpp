@@ -1,0 +1,207 @@
+#include <algorithm>
+#include <cmath>
+#include <new>
+
+#include "orvalix/render/draw_list_internal.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/view_direction_internal.h"
+
+namespace orvalix {
+namespace {
+
+constexpr unsigned short kSolidLine = 0xFFFF;
+
+void LoadMatrix(const double* matrix) {
+  if (matrix != nullptr) {
+    glLoadMatrixd(matrix);
+  } else {
+    glLoadIdentity();
+  }
+}
+
+unsigned MakeBuffer(GLenum target, std::size_t bytes) {
+  while (glGetError() != GL_NO_ERROR) {
+  }
+  unsigned buffer = 0;
+  glGenBuffers(1, &buffer);
+  glBindBuffer(target, buffer);
+  glBufferData(target, static_cast<GLsizeiptr>(std::max<std::size_t>(bytes, 1)), nullptr,
+               GL_STATIC_DRAW);
+  if (glGetError() == GL_NO_ERROR) return buffer;
+  glDeleteBuffers(1, &buffer);
+  throw std::bad_alloc();
+}
+
+template <class T>
+void Fill(GLenum target, std::size_t at, const std::vector<T>& from) {
+  if (from.empty()) return;
+  glBufferSubData(target, static_cast<GLintptr>(at),
+                  static_cast<GLsizeiptr>(from.size() * sizeof(T)), from.data());
+}
+
+const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
+
+void PointTo(std::size_t at, int stride) { glVertexPointer(3, GL_FLOAT, stride, Offset(at)); }
+
+}  // namespace
+
+void BufferPool::DeleteReturned() {
+  if (m_returned.empty()) return;
+  glDeleteBuffers(static_cast<GLsizei>(m_returned.size()), m_returned.data());
+  m_returned.clear();
+}
+
+void BufferPool::GiveBack(unsigned buffer) { m_returned.push_back(buffer); }
+
+DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geometry)
+    : m_pool(pool), m_directions(geometry.directions), m_extents(geometry.extents) {
+  std::size_t indices = 0;
+  for (const DrawSegment& segment : geometry.segments) {
+    Segment& calls = m_segments.emplace_back();
+    for (const FillGroup& group : segment.fills) {
+      calls.fills.push_back({group.state, indices, static_cast<int>(group.indices.size())});
+      indices += group.indices.size();
+    }
+    for (const LineGroup& group : segment.lines) {
+      calls.lines.push_back(
+          {group.state, indices, static_cast<int>(group.indices.size()), group.strips});
+      indices += group.indices.size();
+    }
+  }
+  m_lineVerticesAt = geometry.fillVertices.size() * sizeof(FillVertex);
+  m_vertexBuffer = MakeBuffer(GL_ARRAY_BUFFER,
+                              m_lineVerticesAt + geometry.lineVertices.size() * sizeof(LineVertex));
+  try {
+    m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
+  } catch (const std::bad_alloc&) {
+    glDeleteBuffers(1, &m_vertexBuffer);
+    throw;
+  }
+  Fill(GL_ARRAY_BUFFER, 0, geometry.fillVertices);
+  Fill(GL_ARRAY_BUFFER, m_lineVerticesAt, geometry.lineVertices);
+  std::size_t at = 0;
+  const auto append = [&at](const std::vector<std::uint32_t>& from) {
+    Fill(GL_ELEMENT_ARRAY_BUFFER, at, from);
+    at += from.size() * sizeof(std::uint32_t);
+  };
+  for (const DrawSegment& segment : geometry.segments) {
+    for (const FillGroup& group : segment.fills) append(group.indices);
+    for (const LineGroup& group : segment.lines) append(group.indices);
+  }
+  glBindBuffer(GL_ARRAY_BUFFER, 0);
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+}
+
+DrawList::~DrawList() {
+  const std::shared_ptr<BufferPool> pool = m_pool.lock();
+  if (pool == nullptr) return;
+  pool->GiveBack(m_vertexBuffer);
+  pool->GiveBack(m_indexBuffer);
+}
+
+bool DrawList::IsHidden(const FacingDirection& direction) const {
+  const auto extent =
+      std::find_if(m_extents.begin(), m_extents.end(),
+                   [&](const SolidExtent& known) { return known.matrix == direction.matrix; });
+  if (extent == m_extents.end()) return false;
+  LoadMatrix(direction.matrix);
+  return LooksAway(ToClipSpace(), direction.normal, extent->low, extent->high);
+}
+
+void DrawList::DrawFill(const FillCall& call) const {
+  const FillState& state = call.state;
+  LoadMatrix(state.matrix);
+  for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
+    SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
+  }
+  SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
+  for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
+    SetCapability(plane, state.isClipped != 0);
+  }
+  SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
+  PointTo(0, sizeof(FillVertex));
+  glEnableClientState(GL_NORMAL_ARRAY);
+  glEnableClientState(GL_COLOR_ARRAY);
+  glNormalPointer(GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, normal)));
+  glColorPointer(3, GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, color)));
+  if (state.isTextured != 0) {
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glTexCoordPointer(1, GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, texture)));
+  }
+  glDrawElements(GL_TRIANGLES, call.count, GL_UNSIGNED_INT,
+                 Offset(call.first * sizeof(std::uint32_t)));
+  glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+  glDisableClientState(GL_NORMAL_ARRAY);
+  glDisableClientState(GL_COLOR_ARRAY);
+  glDisable(GL_POLYGON_OFFSET_FILL);
+}
+
+void DrawList::DrawLines(const LineCall& call) const {
+  const LineState& state = call.state;
+  LoadMatrix(state.matrix);
+  for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL, GL_TEXTURE_1D}) {
+    glDisable(static_cast<GLenum>(capability));
+  }
+  for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
+    SetCapability(plane, state.isClipped != 0);
+  }
+  if (state.width > 0.0F) glLineWidth(state.width);
+  const bool isStippled = state.stipple != kSolidLine;
+  if (isStippled) {
+    glEnable(GL_LINE_STIPPLE);
+    glLineStipple(state.stippleFactor, state.stipple);
+  }
+  if (state.isEdge != 0) {
+    PointTo(0, sizeof(FillVertex));
+    glColor3d(state.color.red, state.color.green, state.color.blue);
+  } else {
+    PointTo(m_lineVerticesAt, sizeof(LineVertex));
+    glEnableClientState(GL_COLOR_ARRAY);
+    glColorPointer(3, GL_FLOAT, sizeof(LineVertex),
+                   Offset(m_lineVerticesAt + offsetof(LineVertex, color)));
+  }
+  if (state.isStrip == 0) {
+    glDrawElements(GL_LINES, call.count, GL_UNSIGNED_INT,
+                   Offset(call.first * sizeof(std::uint32_t)));
+  } else {
+    glShadeModel(GL_FLAT);
+    for (std::size_t i = 0; i < call.strips.size(); ++i) {
+      const std::uint32_t end =
+          i + 1 < call.strips.size() ? call.strips[i + 1] : static_cast<std::uint32_t>(call.count);
+      glDrawElements(GL_LINE_STRIP, static_cast<GLsizei>(end - call.strips[i]), GL_UNSIGNED_INT,
+                     Offset((call.first + call.strips[i]) * sizeof(std::uint32_t)));
+    }
+    glShadeModel(GL_SMOOTH);
+  }
+  glDisableClientState(GL_COLOR_ARRAY);
+  if (isStippled) glDisable(GL_LINE_STIPPLE);
+}
+
+void DrawList::Draw() const {
+  std::vector<bool> isHidden;
+  isHidden.reserve(m_directions.size());
+  for (const FacingDirection& direction : m_directions) isHidden.push_back(IsHidden(direction));
+  const auto hides = [&](int facing, int isClipped) {
+    return facing >= 0 && isClipped == 0 && isHidden[static_cast<std::size_t>(facing)];
+  };
+  glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+  glBindBuffer(GL_ARRAY_BUFFER, m_vertexBuffer);
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_indexBuffer);
+  glEnableClientState(GL_VERTEX_ARRAY);
+  glPolygonMode(GL_FRONT, GL_FILL);
+  for (const Segment& segment : m_segments) {
+    for (const FillCall& call : segment.fills) {
+      if (!hides(call.state.facing, call.state.isClipped)) DrawFill(call);
+    }
+    for (const LineCall& call : segment.lines) {
+      const bool isHiddenEdge = hides(call.state.facing, call.state.isClipped) &&
+                                hides(call.state.otherFacing, call.state.isClipped);
+      if (!isHiddenEdge) DrawLines(call);
+    }
+  }
+  glPopClientAttrib();
+  glBindBuffer(GL_ARRAY_BUFFER, 0);
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+}
+
+}  // namespace orvalix

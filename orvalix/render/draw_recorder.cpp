@@ -1,0 +1,398 @@
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <new>
+#include <stdexcept>
+
+#include "orvalix/foundation/points.h"
+#include "orvalix/render/draw_recorder_internal.h"
+#include "orvalix/render/solid_faces_internal.h"
+
+namespace orvalix {
+namespace {
+
+using Vector = std::array<double, 3>;
+
+constexpr unsigned short kSolidLine = 0xFFFF;
+
+/// Edges that are remembered to be drawn once: more than two rows of a large grid have.
+constexpr std::size_t kRecentEdges = std::size_t{1} << 16;
+
+/// Directions of closed solids that are told apart; any further one counts as always seen.
+constexpr std::size_t kMostDirections = 32;
+constexpr double kSameDirection = 1e-6;
+
+double Dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+
+Vector Cross(const Vector& a, const Vector& b) {
+  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+std::array<float, 3> ToFloats(const point3Dtype& point) {
+  return {static_cast<float>(point.x), static_cast<float>(point.y), static_cast<float>(point.z)};
+}
+
+std::array<float, 3> ToFloats(const RGBDType& color) {
+  return {static_cast<float>(color.red), static_cast<float>(color.green),
+          static_cast<float>(color.blue)};
+}
+
+bool IsSameColor(const RGBDType& a, const RGBDType& b) {
+  return a.red == b.red && a.green == b.green && a.blue == b.blue;
+}
+
+bool IsSamePlace(const point3Dtype& a, const point3Dtype& b) {
+  return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
+std::size_t Hash(const std::array<std::array<float, 3>, 2>& ends) {
+  constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15U;
+  std::uint64_t hash = 0;
+  for (const std::array<float, 3>& end : ends) {
+    for (const float number : end) {
+      hash = (hash ^ std::bit_cast<std::uint32_t>(number)) * kPrime;
+      hash ^= hash >> 29U;
+    }
+  }
+  return static_cast<std::size_t>(hash);
+}
+
+}  // namespace
+
+bool LineState::operator==(const LineState& other) const {
+  return matrix == other.matrix && width == other.width && stipple == other.stipple &&
+         stippleFactor == other.stippleFactor && isClipped == other.isClipped &&
+         isStrip == other.isStrip && isEdge == other.isEdge && IsSameColor(color, other.color) &&
+         facing == other.facing && otherFacing == other.otherFacing;
+}
+
+template <class Work>
+void DrawRecorder::Try(Work work) {
+  if (m_hasFailed) return;
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+    m_hasFailed = true;
+  } catch (const std::length_error&) {
+    m_hasFailed = true;
+  }
+}
+
+// --- the matrix ---
+
+void DrawRecorder::LoadMatrix(const double* matrix) {
+  m_matrix = {};
+  m_matrix.loaded = matrix;
+}
+
+void DrawRecorder::Multiply(const std::array<double, 16>& matrix) {
+  std::array<double, 16> product{};
+  for (std::size_t column = 0; column < 4; ++column) {
+    for (std::size_t row = 0; row < 4; ++row) {
+      for (std::size_t i = 0; i < 4; ++i) {
+        product[column * 4 + row] += m_matrix.moved[i * 4 + row] * matrix[column * 4 + i];
+      }
+    }
+  }
+  m_matrix.moved = product;
+  m_matrix.isMoved = true;
+}
+
+void DrawRecorder::PushMatrix() {
+  Try([this] { m_stack.push_back(m_matrix); });
+}
+
+void DrawRecorder::PopMatrix() {
+  if (m_stack.empty()) return;
+  m_matrix = m_stack.back();
+  m_stack.pop_back();
+}
+
+point3Dtype DrawRecorder::Moved(const point3Dtype& point) const {
+  if (!m_matrix.isMoved) return point;
+  const std::array<double, 16>& m = m_matrix.moved;
+  return {m[0] * point.x + m[4] * point.y + m[8] * point.z + m[12],
+          m[1] * point.x + m[5] * point.y + m[9] * point.z + m[13],
+          m[2] * point.x + m[6] * point.y + m[10] * point.z + m[14], point.v};
+}
+
+std::array<float, 3> DrawRecorder::MovedNormal(const point3Dtype& normal) const {
+  if (!m_matrix.isMoved) return ToFloats(normal);
+  const std::array<double, 16>& m = m_matrix.moved;
+  const Vector x{m[0], m[1], m[2]};
+  const Vector y{m[4], m[5], m[6]};
+  const Vector z{m[8], m[9], m[10]};
+  // The columns of the inverse, transposed; only its direction counts.
+  const Vector yz = Cross(y, z);
+  const Vector zx = Cross(z, x);
+  const Vector xy = Cross(x, y);
+  const double sign = Dot(x, yz) < 0.0 ? -1.0 : 1.0;
+  Vector moved;
+  for (std::size_t i = 0; i < 3; ++i) {
+    moved[i] = sign * (yz[i] * normal.x + zx[i] * normal.y + xy[i] * normal.z);
+  }
+  const double length = std::sqrt(Dot(moved, moved));
+  const double scale = length > 0.0 ? 1.0 / length : 1.0;
+  return {static_cast<float>(moved[0] * scale), static_cast<float>(moved[1] * scale),
+          static_cast<float>(moved[2] * scale)};
+}
+
+// --- the groups ---
+
+DrawSegment& DrawRecorder::SegmentFor(bool hasPlainFill) {
+  std::vector<DrawSegment>& segments = m_geometry.segments;
+  const auto liesBelow = [this](const LineGroup& group) {
+    return group.state.matrix == m_matrix.loaded;
+  };
+  const bool isCovering =
+      hasPlainFill && !segments.empty() &&
+      std::any_of(segments.back().lines.begin(), segments.back().lines.end(), liesBelow);
+  if (segments.empty() || isCovering) {
+    segments.emplace_back();
+    m_hasEdgeColor = false;
+    m_hasManyEdgeColors = false;
+    m_lastFill = 0;
+    m_lastLine = 0;
+  }
+  return segments.back();
+}
+
+std::vector<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
+  const FillState state{m_matrix.loaded,   m_state.isLit,   m_state.isTextured,
+                        m_state.isClipped, fill.isOutlined, facing};
+  std::vector<FillGroup>& groups = SegmentFor(fill.isOutlined == 0).fills;
+  if (m_lastFill < groups.size() && groups[m_lastFill].state == state) {
+    return groups[m_lastFill].indices;
+  }
+  const auto found = std::find_if(groups.begin(), groups.end(),
+                                  [&](const FillGroup& group) { return group.state == state; });
+  m_lastFill = static_cast<std::size_t>(found - groups.begin());
+  if (found == groups.end()) groups.push_back({state, {}});
+  return groups[m_lastFill].indices;
+}
+
+std::size_t DrawRecorder::LineGroupFor(const LineState& state) {
+  std::vector<LineGroup>& groups = SegmentFor(false).lines;
+  if (m_lastLine < groups.size() && groups[m_lastLine].state == state) return m_lastLine;
+  const auto found = std::find_if(groups.begin(), groups.end(),
+                                  [&](const LineGroup& group) { return group.state == state; });
+  m_lastLine = static_cast<std::size_t>(found - groups.begin());
+  if (found == groups.end()) groups.push_back({state, {}, {}});
+  return m_lastLine;
+}
+
+std::size_t DrawRecorder::EdgeGroupFor(const RecordedFill& fill, int facing, int otherFacing) {
+  SegmentFor(false);
+  if (!m_hasEdgeColor) m_edgeColor = fill.outlineColor;
+  m_hasEdgeColor = true;
+  if (!IsSameColor(m_edgeColor, fill.outlineColor)) m_hasManyEdgeColors = true;
+  return LineGroupFor({.matrix = m_matrix.loaded,
+                       .width = fill.outlineWidth,
+                       .stipple = kSolidLine,
+                       .stippleFactor = 1,
+                       .isClipped = m_state.isClipped,
+                       .isStrip = 0,
+                       .isEdge = m_hasManyEdgeColors ? 0 : 1,
+                       .color = m_hasManyEdgeColors ? RGBDType{} : m_edgeColor,
+                       .facing = std::min(facing, otherFacing),
+                       .otherFacing = std::max(facing, otherFacing)});
+}
+
+LineState DrawRecorder::StrokeState(const RecordedStroke& stroke, int isStrip) const {
+  return {.matrix = m_matrix.loaded,
+          .width = stroke.width,
+          .stipple = stroke.stipple,
+          .stippleFactor = stroke.stippleFactor,
+          .isClipped = m_state.isClipped,
+          .isStrip = isStrip,
+          .isEdge = 0,
+          .color = {},
+          .facing = -1,
+          .otherFacing = -1};
+}
+
+std::uint32_t DrawRecorder::AddFillVertex(const point3Dtype& moved,
+                                          const std::array<float, 3>& normal,
+                                          const std::array<float, 3>& color, float texture) {
+  m_geometry.fillVertices.push_back({ToFloats(moved), normal, color, texture});
+  return static_cast<std::uint32_t>(m_geometry.fillVertices.size() - 1);
+}
+
+bool DrawRecorder::IsDrawnAlready(std::size_t group, const Position& from, const Position& to,
+                                  const std::array<float, 3>& color) {
+  if (m_recentEdges.empty()) m_recentEdges.resize(kRecentEdges, {{}, {}, 0, 0});
+  const Edge edge{{std::min(from, to), std::max(from, to)},
+                  color,
+                  group,
+                  static_cast<std::uint32_t>(m_geometry.segments.size())};
+  Edge& recent = m_recentEdges[Hash(edge.ends) % kRecentEdges];
+  if (recent.segment == edge.segment && recent.group == group && recent.ends == edge.ends &&
+      recent.color == color) {
+    return true;
+  }
+  recent = edge;
+  return false;
+}
+
+void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, const Position& to,
+                                   const std::array<float, 3>& color) {
+  const auto first = static_cast<std::uint32_t>(m_geometry.lineVertices.size());
+  m_geometry.lineVertices.push_back({from, color});
+  m_geometry.lineVertices.push_back({to, color});
+  std::vector<std::uint32_t>& indices = m_geometry.segments.back().lines[group].indices;
+  indices.push_back(first);
+  indices.push_back(first + 1);
+}
+
+void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to,
+                           const RGBDType& color) {
+  const Position a = m_geometry.fillVertices[from].position;
+  const Position b = m_geometry.fillVertices[to].position;
+  const std::array<float, 3> shown = ToFloats(color);
+  if (a == b || IsDrawnAlready(group, a, b, shown)) return;
+  LineGroup& lines = m_geometry.segments.back().lines[group];
+  if (lines.state.isEdge == 0) {
+    AddLineVertices(group, a, b, shown);
+    return;
+  }
+  lines.indices.push_back(from);
+  lines.indices.push_back(to);
+}
+
+int DrawRecorder::DirectionOf(const std::array<double, 3>& outward) {
+  std::vector<FacingDirection>& directions = m_geometry.directions;
+  for (std::size_t i = 0; i < directions.size(); ++i) {
+    const Vector& known = directions[i].normal;
+    if (directions[i].matrix == m_matrix.loaded &&
+        std::abs(known[0] - outward[0]) < kSameDirection &&
+        std::abs(known[1] - outward[1]) < kSameDirection &&
+        std::abs(known[2] - outward[2]) < kSameDirection) {
+      return static_cast<int>(i);
+    }
+  }
+  if (directions.size() == kMostDirections) return -1;
+  directions.push_back({m_matrix.loaded, outward});
+  return static_cast<int>(directions.size() - 1);
+}
+
+void DrawRecorder::Extend(const std::array<point3Dtype, 8>& corners) {
+  std::vector<SolidExtent>& extents = m_geometry.extents;
+  auto extent = std::find_if(extents.begin(), extents.end(), [this](const SolidExtent& known) {
+    return known.matrix == m_matrix.loaded;
+  });
+  if (extent == extents.end()) {
+    const Vector first{corners[0].x, corners[0].y, corners[0].z};
+    extent = extents.insert(extents.end(), {m_matrix.loaded, first, first});
+  }
+  for (const point3Dtype& corner : corners) {
+    const Vector place{corner.x, corner.y, corner.z};
+    for (std::size_t i = 0; i < place.size(); ++i) {
+      extent->low[i] = std::min(extent->low[i], place[i]);
+      extent->high[i] = std::max(extent->high[i], place[i]);
+    }
+  }
+}
+
+// --- what is drawn ---
+
+void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtype& normal,
+                              const float* textures, const RecordedFill& fill) {
+  Try([&] {
+    const bool isClosed = n > 1 && IsSamePlace(points[0], points[n - 1]);
+    const auto corners = static_cast<std::uint32_t>(isClosed ? n - 1 : n);
+    std::vector<std::uint32_t>& indices = FillIndices(fill, -1);
+    const auto first = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
+    const std::array<float, 3> moved = MovedNormal(normal);
+    for (std::uint32_t i = 0; i < corners; ++i) {
+      AddFillVertex(Moved(points[i]), moved, fill.color, textures != nullptr ? textures[i] : 0.0F);
+    }
+    for (std::uint32_t i = 2; i < corners; ++i) {
+      indices.insert(indices.end(), {first, first + i - 1, first + i});
+    }
+    if (fill.isOutlined == 0) return;
+    const std::size_t edges = EdgeGroupFor(fill, -1, -1);
+    for (std::uint32_t i = 1; i < static_cast<std::uint32_t>(n); ++i) {
+      AddEdge(edges, first + i - 1, first + i % corners, fill.outlineColor);
+    }
+  });
+}
+
+void DrawRecorder::AddFrame(const point3Dtype* points, int n, const RGBDType& color, float width) {
+  Try([&] {
+    const std::size_t group = LineGroupFor(StrokeState({width, kSolidLine, 1}, 0));
+    const std::array<float, 3> shown = ToFloats(color);
+    for (int i = 1; i < n; ++i) {
+      const Position from = ToFloats(Moved(points[i - 1]));
+      const Position to = ToFloats(Moved(points[i]));
+      if (from == to || IsDrawnAlready(group, from, to, shown)) continue;
+      AddLineVertices(group, from, to, shown);
+    }
+  });
+}
+
+void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
+                            const RecordedFill& fill) {
+  Try([&] {
+    std::array<point3Dtype, 8> moved;
+    for (std::size_t i = 0; i < moved.size(); ++i) moved[i] = Moved(corners[i]);
+    const SolidSides sides = FindSides(moved);
+    if (sides.isClosed) Extend(moved);
+    std::array<int, 6> facing{};
+    std::array<std::uint32_t, 6> first{};
+    for (std::size_t i = 0; i < kSolidFaces.size(); ++i) {
+      const bool isKnown = sides.isClosed && !sides.hasNoArea[i];
+      facing[i] = isKnown ? DirectionOf(sides.outward[i]) : -1;
+      const std::array<std::size_t, 4>& face = kSolidFaces[i].corners;
+      point3Dtype normal;
+      CalcNormal(corners[face[0]], corners[face[1]], corners[face[2]], normal);
+      const std::array<float, 3> movedNormal = MovedNormal(normal);
+      std::vector<std::uint32_t>& indices = FillIndices(fill, facing[i]);
+      first[i] = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
+      for (const std::size_t corner : face) {
+        AddFillVertex(moved[corner], movedNormal, fill.color,
+                      textures != nullptr ? textures[corner] : 0.0F);
+      }
+      indices.insert(indices.end(),
+                     {first[i], first[i] + 1, first[i] + 2, first[i], first[i] + 2, first[i] + 3});
+    }
+    if (fill.isOutlined == 0) return;
+    for (const SolidEdge& edge : kSolidEdges) {
+      const std::size_t group = EdgeGroupFor(fill, facing[edge.face], facing[edge.other]);
+      const auto from = static_cast<std::uint32_t>(edge.corner);
+      AddEdge(group, first[edge.face] + from, first[edge.face] + (from + 1) % 4, fill.outlineColor);
+    }
+  });
+}
+
+float* DrawRecorder::TexturesFor(int n) {
+  Try([&] { m_textures.resize(static_cast<std::size_t>(n)); });
+  return m_hasFailed ? nullptr : m_textures.data();
+}
+
+void DrawRecorder::AddLine(const point3Dtype& from, const point3Dtype& to,
+                           const std::array<float, 3>& color, const RecordedStroke& stroke) {
+  Try([&] {
+    AddLineVertices(LineGroupFor(StrokeState(stroke, 0)), ToFloats(Moved(from)),
+                    ToFloats(Moved(to)), color);
+  });
+}
+
+void DrawRecorder::StartStrip(const RecordedStroke& stroke) {
+  m_strip = stroke;
+  m_isStripOpen = false;
+  Try([this] { m_stripGroup = LineGroupFor(StrokeState(m_strip, 1)); });
+}
+
+void DrawRecorder::AddToStrip(const point3Dtype& point, const std::array<float, 3>& color) {
+  Try([&] {
+    LineGroup& group = m_geometry.segments.back().lines[m_stripGroup];
+    if (!m_isStripOpen) group.strips.push_back(static_cast<std::uint32_t>(group.indices.size()));
+    m_isStripOpen = true;
+    m_geometry.lineVertices.push_back({ToFloats(Moved(point)), color});
+    group.indices.push_back(static_cast<std::uint32_t>(m_geometry.lineVertices.size() - 1));
+  });
+}
+
+void DrawRecorder::InterruptStrip() { m_isStripOpen = false; }
+
+}  // namespace orvalix

@@ -1,0 +1,32 @@
+#include "orvalix/render/kept_drawing.h"
+
+#include <cstring>
+
+#include "orvalix/render/kept_drawing_internal.h"
+
+namespace orvalix {
+
+bool KeptDrawing::IsSame(const std::vector<double>& shape) const {
+  return shape.size() == m_shape.size() &&
+         std::memcmp(shape.data(), m_shape.data(), shape.size() * sizeof(double)) == 0;
+}
+
+KeptDrawingSlot::KeptDrawingSlot() noexcept = default;
+
+KeptDrawingSlot::KeptDrawingSlot(const KeptDrawingSlot&) noexcept {}
+
+KeptDrawingSlot& KeptDrawingSlot::operator=(const KeptDrawingSlot&) noexcept {
+  Forget();
+  return *this;
+}
+
+KeptDrawingSlot::~KeptDrawingSlot() = default;
+
+void KeptDrawingSlot::Forget() noexcept { m_drawing.reset(); }
+
+KeptDrawing& KeptDrawingSlot::Get() {
+  if (m_drawing == nullptr) m_drawing = std::make_unique<KeptDrawing>();
+  return *m_drawing;
+}
+
+}  // namespace orvalix

@@ -1,0 +1,29 @@
+/// @file
+/// Where an object keeps what it has drawn.
+#pragma once
+
+#include <memory>
+
+namespace orvalix {
+
+class KeptDrawing;
+
+/// Holds the drawing of an object, once there is one. Copies of the object have none.
+class KeptDrawingSlot {
+ public:
+  KeptDrawingSlot() noexcept;
+  KeptDrawingSlot(const KeptDrawingSlot&) noexcept;
+  KeptDrawingSlot& operator=(const KeptDrawingSlot&) noexcept;
+  ~KeptDrawingSlot();
+
+  /// What shapes the object has changed.
+  void Forget() noexcept;
+  /// The drawing, made when there is none.
+  /// @throws std::bad_alloc
+  KeptDrawing& Get();
+
+ private:
+  std::unique_ptr<KeptDrawing> m_drawing;
+};
+
+}  // namespace orvalix

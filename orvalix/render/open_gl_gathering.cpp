@@ -1,0 +1,262 @@
+#include <algorithm>
+#include <new>
+
+#include "orvalix/foundation/points.h"
+#include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/draw_list_internal.h"
+#include "orvalix/render/draw_recorder_internal.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/open_gl.h"
+#include "orvalix/render/placeable_internal.h"
+
+// How drawing operations are gathered, and how what was gathered is drawn.
+
+namespace {
+
+constexpr int kSolidCorners = 8;
+
+std::array<float, 3> ToFloats(const RGBDType& color) {
+  return {static_cast<float>(color.red), static_cast<float>(color.green),
+          static_cast<float>(color.blue)};
+}
+
+void LoadMatrix(const double* loaded, const std::array<double, 16>& moved) {
+  if (loaded != nullptr) {
+    glLoadMatrixd(loaded);
+  } else {
+    glLoadIdentity();
+  }
+  glMultMatrixd(moved.data());
+}
+
+}  // namespace
+
+COpenGL::Gathering::Gathering(COpenGL& context) : m_context(context) { context.BeginGathering(); }
+
+COpenGL::Gathering::~Gathering() { m_context.EndGathering(); }
+
+void COpenGL::SetGathering(int flag) { m_gathering = flag; }
+
+int COpenGL::GetGathering() const { return m_gathering; }
+
+COpenGL::HidingFarSides::HidingFarSides(COpenGL& context) : m_context(context) {
+  context.m_hidesFarSides = context.IsRendering() && context.m_clippingEnabled == 0;
+}
+
+COpenGL::HidingFarSides::~HidingFarSides() { m_context.m_hidesFarSides = false; }
+
+bool COpenGL::IsRendering() const {
+  GLint mode = 0;
+  glGetIntegerv(GL_RENDER_MODE, &mode);
+  return mode == GL_RENDER;
+}
+
+bool COpenGL::CanGather() const {
+  return m_gathering != 0 && m_recorder == nullptr && !m_lineIsOpen && m_buffers != nullptr &&
+         IsRendering();
+}
+
+void COpenGL::BeginGathering() {
+  m_gathered.reset();
+  m_hasFailedToGather = false;
+  try {
+    const orvalix::DrawRecorder::State state{.isLit = m_colorMode != 0 ? 1 : 0,
+                                             .isTextured = m_textureEnabled != 0 ? 1 : 0,
+                                             .isClipped = m_clippingEnabled};
+    m_recorder = std::make_unique<orvalix::DrawRecorder>(state);
+  } catch (const std::bad_alloc&) {
+    m_recorder.reset();  // one by one, then
+  }
+}
+
+void COpenGL::EndGathering() noexcept {
+  if (m_recorder == nullptr) return;
+  m_gatheredEnd = GetDrawingState();
+  const std::unique_ptr<orvalix::DrawRecorder> recorder = std::move(m_recorder);
+  try {
+    if (!recorder->HasFailed()) {
+      m_gathered = std::make_unique<orvalix::DrawList>(m_buffers, recorder->Geometry());
+      m_gathered->Draw();
+    }
+  } catch (const std::bad_alloc&) {
+    m_gathered.reset();
+  }
+  m_hasFailedToGather = m_gathered == nullptr;
+  RestoreState(m_gatheredEnd);
+}
+
+void COpenGL::SendGathered() {
+  if (m_recorder == nullptr) return;
+  const DrawingState state = GetDrawingState();
+  const std::unique_ptr<orvalix::DrawRecorder> recorder = std::move(m_recorder);
+  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_OPENGL, "SendGathered", [&] {
+    if (recorder->HasFailed()) throw std::bad_alloc();
+    orvalix::DrawList(m_buffers, recorder->Geometry()).Draw();
+  });
+  for (const orvalix::DrawRecorder::SavedMatrix& saved : recorder->SavedMatrices()) {
+    LoadMatrix(saved.loaded, saved.moved);
+    glPushMatrix();
+  }
+  RestoreState(state);
+  if (m_lineIsOpen) {
+    // What interrupts a line in OpenGL ends it.
+    m_lineIsOpen = false;
+    SetColorMode(m_savedColorMode);
+  }
+}
+
+std::unique_ptr<orvalix::DrawList> COpenGL::TakeGathered(DrawingState& end) {
+  end = m_gatheredEnd;
+  return std::move(m_gathered);
+}
+
+bool COpenGL::Owns(const orvalix::DrawList& list) const { return list.IsOf(m_buffers); }
+
+void COpenGL::DrawKept(const orvalix::DrawList& list, const DrawingState& end) {
+  list.Draw();
+  m_fillColor = end.fillColor;
+  m_fillColor2 = end.fillColor2;
+  m_outlineColor = end.outlineColor;
+  m_lineColor = end.lineColor;
+  m_currentColor = end.currentColor;
+  m_lineStyle = end.lineStyle;
+  m_lineStyleFactor = end.lineStyleFactor;
+  m_textureEnabled = end.textureEnabled;
+  m_polygonOutlineMode = end.polygonOutlineMode;
+  m_colorMode = end.colorMode;
+  m_savedColorMode = end.savedColorMode;
+  m_clippingEnabled = end.clippingEnabled;
+  m_lineWidth = end.lineWidth;
+  m_sentLineWidth = end.sentLineWidth;
+  RestoreState(end);
+}
+
+COpenGL::DrawingState COpenGL::GetDrawingState() const {
+  DrawingState state{.fillColor = m_fillColor,
+                     .fillColor2 = m_fillColor2,
+                     .outlineColor = m_outlineColor,
+                     .lineColor = m_lineColor,
+                     .currentColor = m_currentColor,
+                     .lineStyle = m_lineStyle,
+                     .lineStyleFactor = m_lineStyleFactor,
+                     .textureEnabled = m_textureEnabled,
+                     .polygonOutlineMode = m_polygonOutlineMode,
+                     .colorMode = m_colorMode,
+                     .savedColorMode = m_savedColorMode,
+                     .clippingEnabled = m_clippingEnabled,
+                     .lineWidth = m_lineWidth,
+                     .sentLineWidth = m_sentLineWidth,
+                     .loadedMatrix = nullptr,
+                     .movedSince = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
+  if (m_recorder != nullptr) {
+    state.loadedMatrix = m_recorder->LoadedMatrix();
+    state.movedSince = m_recorder->MovedSince();
+  }
+  return state;
+}
+
+void COpenGL::RestoreState(const DrawingState& state) {
+  LoadMatrix(state.loadedMatrix, state.movedSince);
+  SetColorMode(state.colorMode);
+  EnableTexture(state.textureEnabled);
+  EnableClipping(state.clippingEnabled);
+  SendColor(state.currentColor);
+  glLineWidth(state.sentLineWidth);
+  SendStipple(state.lineStyle);
+}
+
+void COpenGL::AppendDrawingState(std::vector<double>& numbers) const {
+  for (const RGBDType& color :
+       {m_fillColor, m_fillColor2, m_outlineColor, m_lineColor, m_currentColor}) {
+    numbers.insert(numbers.end(), {color.red, color.green, color.blue});
+  }
+  for (const int number : {m_lineStyle, m_lineStyleFactor, m_textureEnabled, m_polygonOutlineMode,
+                           m_colorMode, m_clippingEnabled, m_textureMode}) {
+    numbers.push_back(number);
+  }
+  for (const float width : {m_lineWidth, m_sentLineWidth}) {
+    numbers.push_back(static_cast<double>(width));
+  }
+  numbers.insert(numbers.end(), {m_textureMinimum, m_textureScale});
+  numbers.insert(numbers.end(), m_stipples.begin(), m_stipples.end());
+}
+
+// --- the operations ---
+
+void COpenGL::RecordPolygon(const point3Dtype* points, int n) {
+  point3Dtype normal{};
+  if (n >= 3) CalcNormal(points[0], points[1], points[2], normal);
+  float* textures = nullptr;
+  if (m_textureEnabled != 0) {
+    textures = m_recorder->TexturesFor(n);
+    for (int i = 0; textures != nullptr && i < n; ++i) {
+      textures[i] = static_cast<float>(TextureCoordinate(points[i]));
+    }
+  }
+  m_recorder->AddPolygon(points, n, normal, textures, RecordedFillNow());
+  if (m_polygonOutlineMode != 0) m_currentColor = m_outlineColor;
+}
+
+void COpenGL::RecordSolid(const point3Dtype* corners) {
+  std::array<float, kSolidCorners> textures{};
+  if (m_textureEnabled != 0) {
+    std::transform(corners, corners + kSolidCorners, textures.begin(), [this](const auto& corner) {
+      return static_cast<float>(TextureCoordinate(corner));
+    });
+  }
+  m_recorder->AddSolid(corners, m_textureEnabled != 0 ? textures.data() : nullptr,
+                       RecordedFillNow());
+  if (m_polygonOutlineMode != 0) m_currentColor = m_outlineColor;
+}
+
+orvalix::RecordedFill COpenGL::RecordedFillNow() {
+  if (m_polygonOutlineMode != 0 && m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  return {.color = ToFloats(m_currentColor),
+          .isOutlined = m_polygonOutlineMode != 0 ? 1 : 0,
+          .outlineColor = m_outlineColor,
+          .outlineWidth = m_sentLineWidth};
+}
+
+orvalix::RecordedStroke COpenGL::RecordedStrokeNow() {
+  if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  return {.width = m_sentLineWidth,
+          .stipple = StippleOf(m_lineStyle),
+          .stippleFactor = m_lineStyleFactor};
+}
+
+void COpenGL::RecordFrame(const point3Dtype* points, int n) {
+  if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  // Interrupted where a point has no place.
+  for (int from = 0; from < n;) {
+    const point3Dtype* const end =
+        std::find_if_not(points + from, points + n, orvalix::IsPlaceable);
+    const int to = static_cast<int>(end - points);
+    m_recorder->AddFrame(points + from, to - from, m_outlineColor, m_sentLineWidth);
+    from = to + 1;
+  }
+  m_currentColor = m_outlineColor;
+  m_savedColorMode = m_colorMode;
+}
+
+void COpenGL::RecordLine(point3Dtype const& a, point3Dtype const& b) {
+  m_savedColorMode = m_colorMode;
+  m_currentColor = m_lineColor;
+  const orvalix::RecordedStroke stroke = RecordedStrokeNow();
+  if (!orvalix::IsPlaceable(a) || !orvalix::IsPlaceable(b)) return;
+  m_recorder->AddLine(a, b, ToFloats(m_lineColor), stroke);
+}
+
+void COpenGL::StartRecordedLine() {
+  m_savedColorMode = m_colorMode;
+  SetColorMode(0);
+  m_currentColor = m_lineColor;
+  m_recorder->StartStrip(RecordedStrokeNow());
+}
+
+void COpenGL::RecordLinePoint(point3Dtype const& point) {
+  if (orvalix::IsPlaceable(point)) {
+    m_recorder->AddToStrip(point, ToFloats(m_currentColor));
+  } else {
+    m_recorder->InterruptStrip();
+  }
+}
