@@ -34,6 +34,9 @@ class KeptDrawing {
       return;
     }
     context.AppendDrawingState(shape);
+    const COpenGL::DrawingState start = context.GetDrawingState();
+    const std::size_t ownNumbers = shape.size();
+    COpenGL::AppendInherited(shape, start, m_inherited);
     if (m_list != nullptr && context.Owns(*m_list) && IsSame(shape)) {
       context.DrawKept(*m_list, m_end);
       return;
@@ -49,7 +52,11 @@ class KeptDrawing {
       return;
     }
     m_list = context.TakeGathered(m_end);
-    if (m_list != nullptr) m_shape = std::move(shape);
+    if (m_list == nullptr) return;
+    m_inherited = context.m_inherited;
+    shape.resize(ownNumbers);
+    COpenGL::AppendInherited(shape, start, m_inherited);
+    m_shape = std::move(shape);
   }
 
  private:
@@ -58,6 +65,7 @@ class KeptDrawing {
 
   std::unique_ptr<DrawList> m_list;
   std::vector<double> m_shape;  ///< for which it was gathered
+  unsigned m_inherited = 0;     ///< parts of the context's state that it was gathered in
   COpenGL::DrawingState m_end;  ///< of the context afterwards
 };
 

@@ -440,8 +440,20 @@ class ORVALIX_API COpenGL {
   std::unique_ptr<orvalix::DrawList> TakeGathered(DrawingState& end);
   bool Owns(const orvalix::DrawList& list) const;
   void DrawKept(const orvalix::DrawList& list, const DrawingState& end);
-  /// Every number on which what is drawn next depends.
+  /// Parts of the state that drawing may find as something else left them.
+  enum InheritedState : unsigned {
+    kCurrentColor = 1,
+    kOutlineColor = 2,
+    kLineColor = 4,
+    kLineStyle = 8,
+    kLineWidth = 16
+  };
+  /// Every number on which what is drawn next depends, whatever it is.
   void AppendDrawingState(std::vector<double>& numbers) const;
+  /// Those on which it depends unless they are set before.
+  static void AppendInherited(std::vector<double>& numbers, const DrawingState& state,
+                              unsigned inherited);
+  void Inherit(unsigned parts) { m_inherited |= parts & ~m_setSince; }
   DrawingState GetDrawingState() const;
   /// Makes OpenGL's state that of this object.
   void RestoreState(const DrawingState& state);
@@ -499,6 +511,8 @@ class ORVALIX_API COpenGL {
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
   bool m_hidesFarSides;      ///< of closed solids: nothing else could show their inside
+  unsigned m_setSince;       ///< parts of the state that were set since gathering began
+  unsigned m_inherited;      ///< parts that were used before
   bool m_hasFailedToGather;  ///< memory ran out, and nothing was drawn
   std::unique_ptr<orvalix::DrawRecorder> m_recorder;  ///< null unless drawing is being gathered
   std::unique_ptr<orvalix::DrawList> m_gathered;      ///< as a whole, until it is taken

@@ -59,6 +59,8 @@ bool COpenGL::CanGather() const {
 void COpenGL::BeginGathering() {
   m_gathered.reset();
   m_hasFailedToGather = false;
+  m_setSince = 0;
+  m_inherited = 0;
   try {
     const orvalix::DrawRecorder::State state{.isLit = m_colorMode != 0 ? 1 : 0,
                                              .isTextured = m_textureEnabled != 0 ? 1 : 0,
@@ -166,19 +168,26 @@ void COpenGL::RestoreState(const DrawingState& state) {
 }
 
 void COpenGL::AppendDrawingState(std::vector<double>& numbers) const {
-  for (const RGBDType& color :
-       {m_fillColor, m_fillColor2, m_outlineColor, m_lineColor, m_currentColor}) {
-    numbers.insert(numbers.end(), {color.red, color.green, color.blue});
-  }
-  for (const int number : {m_lineStyle, m_lineStyleFactor, m_textureEnabled, m_polygonOutlineMode,
-                           m_colorMode, m_clippingEnabled, m_textureMode}) {
+  for (const int number : {m_lineStyleFactor, m_textureEnabled, m_polygonOutlineMode, m_colorMode,
+                           m_clippingEnabled, m_textureMode}) {
     numbers.push_back(number);
   }
-  for (const float width : {m_lineWidth, m_sentLineWidth}) {
-    numbers.push_back(static_cast<double>(width));
-  }
   numbers.insert(numbers.end(), {m_textureMinimum, m_textureScale});
-  numbers.insert(numbers.end(), m_stipples.begin(), m_stipples.end());
+}
+
+void COpenGL::AppendInherited(std::vector<double>& numbers, const DrawingState& state,
+                              unsigned inherited) {
+  const auto append = [&](unsigned part, const RGBDType& color) {
+    if ((inherited & part) == 0) return;
+    numbers.insert(numbers.end(), {color.red, color.green, color.blue});
+  };
+  append(kCurrentColor, state.currentColor);
+  append(kOutlineColor, state.outlineColor);
+  append(kLineColor, state.lineColor);
+  if ((inherited & kLineStyle) != 0) numbers.push_back(state.lineStyle);
+  if ((inherited & kLineWidth) == 0) return;
+  numbers.push_back(static_cast<double>(state.lineWidth));
+  numbers.push_back(static_cast<double>(state.sentLineWidth));
 }
 
 // --- the operations ---
@@ -194,7 +203,7 @@ void COpenGL::RecordPolygon(const point3Dtype* points, int n) {
     }
   }
   m_recorder->AddPolygon(points, n, normal, textures, RecordedFillNow());
-  if (m_polygonOutlineMode != 0) m_currentColor = m_outlineColor;
+  if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
 }
 
 void COpenGL::RecordSolid(const point3Dtype* corners) {
@@ -206,10 +215,12 @@ void COpenGL::RecordSolid(const point3Dtype* corners) {
   }
   m_recorder->AddSolid(corners, m_textureEnabled != 0 ? textures.data() : nullptr,
                        RecordedFillNow());
-  if (m_polygonOutlineMode != 0) m_currentColor = m_outlineColor;
+  if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
 }
 
 orvalix::RecordedFill COpenGL::RecordedFillNow() {
+  Inherit(kCurrentColor);
+  if (m_polygonOutlineMode != 0) Inherit(kOutlineColor | kLineWidth);
   if (m_polygonOutlineMode != 0 && m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
   return {.color = ToFloats(m_currentColor),
           .isOutlined = m_polygonOutlineMode != 0 ? 1 : 0,
@@ -218,6 +229,7 @@ orvalix::RecordedFill COpenGL::RecordedFillNow() {
 }
 
 orvalix::RecordedStroke COpenGL::RecordedStrokeNow() {
+  Inherit(kLineWidth | kLineStyle);
   if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
   return {.width = m_sentLineWidth,
           .stipple = StippleOf(m_lineStyle),
@@ -225,6 +237,7 @@ orvalix::RecordedStroke COpenGL::RecordedStrokeNow() {
 }
 
 void COpenGL::RecordFrame(const point3Dtype* points, int n) {
+  Inherit(kOutlineColor | kLineWidth);
   if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
   // Interrupted where a point has no place.
   for (int from = 0; from < n;) {
@@ -234,13 +247,14 @@ void COpenGL::RecordFrame(const point3Dtype* points, int n) {
     m_recorder->AddFrame(points + from, to - from, m_outlineColor, m_sentLineWidth);
     from = to + 1;
   }
-  m_currentColor = m_outlineColor;
+  SendColor(m_outlineColor);
   m_savedColorMode = m_colorMode;
 }
 
 void COpenGL::RecordLine(point3Dtype const& a, point3Dtype const& b) {
   m_savedColorMode = m_colorMode;
-  m_currentColor = m_lineColor;
+  Inherit(kLineColor);
+  SendColor(m_lineColor);
   const orvalix::RecordedStroke stroke = RecordedStrokeNow();
   if (!orvalix::IsPlaceable(a) || !orvalix::IsPlaceable(b)) return;
   m_recorder->AddLine(a, b, ToFloats(m_lineColor), stroke);
@@ -249,7 +263,8 @@ void COpenGL::RecordLine(point3Dtype const& a, point3Dtype const& b) {
 void COpenGL::StartRecordedLine() {
   m_savedColorMode = m_colorMode;
   SetColorMode(0);
-  m_currentColor = m_lineColor;
+  Inherit(kLineColor);
+  SendColor(m_lineColor);
   m_recorder->StartStrip(RecordedStrokeNow());
 }
 

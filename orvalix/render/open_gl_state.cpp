@@ -166,6 +166,7 @@ void COpenGL::EnableClipping(int flag) {
 
 void COpenGL::SendColor(RGBDType const& color) {
   m_currentColor = color;
+  m_setSince |= kCurrentColor;
   if (m_recorder == nullptr) glColor3d(color.red, color.green, color.blue);
 }
 
@@ -174,6 +175,7 @@ void COpenGL::SetFillStyle3D(RGBDType const& fill, RGBDType const& second,
   m_fillColor = fill;
   m_fillColor2 = second;
   m_outlineColor = outline;
+  m_setSince |= kOutlineColor;
   if (m_colorMode == 0 || m_colorMode == 1) SendColor(fill);
 }
 
@@ -183,7 +185,10 @@ void COpenGL::SetLineStyle3D(int style, double width, RGBDType const& color) {
   SetLineColor3D(color);
 }
 
-void COpenGL::SetLineStyle(int style) { m_lineStyle = style; }
+void COpenGL::SetLineStyle(int style) {
+  m_lineStyle = style;
+  m_setSince |= kLineStyle;
+}
 
 int COpenGL::GetLineStyle() const { return m_lineStyle; }
 
@@ -191,11 +196,17 @@ void COpenGL::SetLineStyleFactor(int factor) { m_lineStyleFactor = factor; }
 
 int COpenGL::GetLineStyleFactor() const { return m_lineStyleFactor; }
 
-void COpenGL::SetLineWidth3D(double width) { m_lineWidth = static_cast<float>(width); }
+void COpenGL::SetLineWidth3D(double width) {
+  m_lineWidth = static_cast<float>(width);
+  if (m_lineWidth > 0.0F) m_setSince |= kLineWidth;
+}
 
 double COpenGL::GetLineWidth3D() const { return static_cast<double>(m_lineWidth); }
 
-void COpenGL::SetLineColor3D(RGBDType const& color) { m_lineColor = color; }
+void COpenGL::SetLineColor3D(RGBDType const& color) {
+  m_lineColor = color;
+  m_setSince |= kLineColor;
+}
 
 RGBDType COpenGL::GetLineColor3D() const { return m_lineColor; }
 
