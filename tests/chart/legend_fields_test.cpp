@@ -1,4 +1,4 @@
-/// Records of legends byte by byte, with another value in every field.
+/// What records of legends hold that no accessor tells, and where it is put.
 
 #include <array>
 #include <bit>
@@ -6,6 +6,7 @@
 #include <string>
 
 #include "chart/legend_fixture.h"
+#include "support/record_fixture.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -29,10 +30,6 @@ class Record {
     bytes.insert(bytes.end(), text.begin(), text.end());
     return *this;
   }
-  Record& Then(const Record& other) {
-    bytes.insert(bytes.end(), other.bytes.begin(), other.bytes.end());
-    return *this;
-  }
 
   Bytes bytes;
 
@@ -45,77 +42,18 @@ class Record {
   }
 };
 
-// The counters of the process, which every record of a class tells.
-constexpr int kLegends = 1001;
-constexpr int kEntries = 2002;
-constexpr int kTexts = 3003;
-
-/// The first of four numbers, each 1/8 above the one before.
-point3Dtype PointFrom(double first) { return {first, first + 0.125, first + 0.25, first + 0.375}; }
+/// Four numbers, each 1/8 above the one before.
 RGBDType ColorFrom(double first) { return {first, first + 0.125, first + 0.25, first + 0.375}; }
 
 bool operator==(const RGBDType& a, const RGBDType& b) {
   return a.red == b.red && a.green == b.green && a.blue == b.blue && a.alpha == b.alpha;
 }
-bool operator==(const point3Dtype& a, const point3Dtype& b) {
-  return a.x == b.x && a.y == b.y && a.z == b.z && a.v == b.v;
-}
 
-/// A text object with that string; all of its numbers follow from `first`.
-Record TextRecord(const std::string& text, int first) {
-  Record record;
-  record.Int(kTexts).Int(first).Text(text);
-  record.Four(first + 0.5).Four(first + 1.5);          // place, normalised place
-  record.Int(first + 1).Int(first + 2);                // justifications
-  record.Four(first + 2.5);                            // colour
-  for (int i = 3; i < 10; ++i) record.Int(first + i);  // plane to enable
-  return record.Real(first + 3.5);                     // size
-}
-
-/// An entry whose numbers follow from `first`.
-Record EntryRecord(const std::string& text, int first) {
-  Record record;
-  record.Int(kEntries);
-  record.Int(first);         // transform id
-  record.Four(first + 1.0);  // text colour
-  record.Four(first + 2.0);  // symbol colour
-  record.Int(first + 3);     // symbol
-  record.Int(first + 4);     // enable
-  record.Real(first + 5.0);  // symbol scale
-  record.Four(first + 6.0);  // text position
-  record.Four(first + 7.0);  // symbol position
-  record.Four(first + 8.0);  // symbol rotation
-  return record.Then(TextRecord(text, first + 20));
-}
-
-Record LegendRecord() {
-  Record record;
-  record.Int(kLegends);
-  record.Int(11);                          // transform id
-  record.Int(2);                           // entries
-  record.Int(12).Int(3);                   // orientation, contour decimals
-  record.Int(2);                           // contours
-  record.Int(14).Int(15).Int(16);          // colour mode, rows, columns
-  record.Int(17).Int(18).Int(19);          // contour text colour flag, enable, border enable
-  record.Real(20.5).Real(21.5);            // view aspect, viewport aspect
-  record.Real(22.5).Real(23.5);            // font height factor, font size
-  record.Real(24.5).Real(25.5);            // row step, column step
-  record.Real(0.25).Real(0.375);           // top margin, left margin
-  record.Real(28.5);                       // border thickness
-  record.Real(0.125);                      // y location, and only then
-  record.Real(30.5);                       // symbol-text space
-  record.Four(0.0625);                     // contour text colour
-  record.Four(0.1875).Four(0.3125);        // background, border
-  record.Four(0.5);                        // position
-  record.Int(31).Int(32).Int(33).Int(34);  // viewport
-  record.Text("upper").Text("lower one");
-  record.Real(7.5).Real(8.5);               // contour values
-  record.Four(40.0).Four(41.0).Four(42.0);  // and their colours
-  record.Int(2);
-  record.Then(EntryRecord("first", 100)).Then(EntryRecord("the second", 200));
-  record.Then(TextRecord("title one", 300));
-  record.Then(TextRecord("second title", 400));
-  return record.Then(TextRecord("foot", 500));
+/// The legend of the fixture, with margins that leave room between them.
+Bytes LegendWithMargins() {
+  RecordFixture record("legend_3d");
+  record.Put("top margin", {0.25}).Put("left margin", {0.375}).Put("y location", {0.125});
+  return record.AllBytes();
 }
 
 class LegendFields : public LegendTest {
@@ -133,61 +71,10 @@ class LegendFields : public LegendTest {
   int m_texts = CTextObj3D::nSelfID;
 };
 
-TEST_F(LegendFields, LoadingFindsEachWhereItBelongs) {
-  LoadFrom(legend, LegendRecord().bytes);
-  EXPECT_EQ(CLegend3D::nSelfID, kLegends);
-  EXPECT_EQ(CLegendObj3D::nSelfID, kEntries);
-  EXPECT_EQ(CTextObj3D::nSelfID, kTexts);
-  EXPECT_EQ(legend.GetTransformID(), 11);
-  EXPECT_EQ(legend.GetNumLegendObjs(), 2);
-  EXPECT_EQ(legend.GetLegendOrientation(), 12);
-  EXPECT_EQ(legend.GetColorMode(), 14);
-  EXPECT_EQ(legend.GetLegendRows(), 15);
-  EXPECT_EQ(legend.GetLegendColumns(), 16);
-  EXPECT_EQ(legend.GetLegendEnable(), 18);
-  EXPECT_EQ(legend.GetLegendBorderEnable(), 19);
-  EXPECT_EQ(legend.GetFontHeightSF(), 22.5);
-  EXPECT_EQ(legend.GetFontSize(), 23.5);
-  EXPECT_EQ(legend.GetBorderThickness(), 28.5);
-  EXPECT_EQ(legend.GetLegendYLoc(), 0.125);
-  EXPECT_EQ(legend.GetSymbolTextSpace(), 30.5);
-  EXPECT_TRUE(legend.GetLegendBkColor() == ColorFrom(0.1875));
-  EXPECT_TRUE(legend.GetLegendBorderColor() == ColorFrom(0.3125));
-  const GLViewRType position = legend.GetLegendPosition();
-  EXPECT_TRUE((point3Dtype{position.x, position.y, position.width, position.height}) ==
-              PointFrom(0.5));
-  const GLViewportType viewport = legend.GetLegendViewport();
-  EXPECT_EQ((std::array<int, 4>{viewport.x, viewport.y, viewport.width, viewport.height}),
-            (std::array<int, 4>{31, 32, 33, 34}));
-  EXPECT_STREQ(legend.GetTitle1Obj()->GetString(), "title one");
-  EXPECT_STREQ(legend.GetTitle2Obj()->GetString(), "second title");
-  EXPECT_STREQ(legend.GetFooterObj()->GetString(), "foot");
-  EXPECT_EQ(Saved(legend), LegendRecord().bytes);
-}
-
-TEST_F(LegendFields, EntriesFindTheirsToo) {
-  LoadFrom(legend, LegendRecord().bytes);
-  const CLegendObj3D& entry = *legend.GetLegendObj(1);
-  EXPECT_EQ(entry.GetTransformID(), 200);
-  EXPECT_TRUE(entry.GetTextColor() == ColorFrom(201.0));
-  EXPECT_TRUE(entry.GetSymbolColor() == ColorFrom(202.0));
-  EXPECT_EQ(entry.GetSymbol(), 203);
-  EXPECT_EQ(entry.GetLegendObjEnable(), 204);
-  EXPECT_EQ(entry.GetSymbolScale(), 205.0);
-  EXPECT_TRUE(entry.GetTextPosition() == PointFrom(206.0));
-  EXPECT_TRUE(entry.GetSymbolPosition() == PointFrom(207.0));
-  EXPECT_TRUE(entry.GetSymbolRotation() == PointFrom(208.0));
-  EXPECT_STREQ(entry.GetText(), "the second");
-  EXPECT_STREQ(legend.GetText(0), "first");
-  CLegendObj3D alone;
-  LoadFrom(alone, EntryRecord("the second", 200).bytes);
-  EXPECT_EQ(Saved(alone), EntryRecord("the second", 200).bytes);
-}
-
 // What no accessor tells shows in the drawing: margins of 0.25 and 0.375, and none of the steps,
 // which every drawing recomputes.
 TEST_F(LegendFields, LoadedMarginsPlaceTheEntries) {
-  LoadFrom(legend, LegendRecord().bytes);
+  LoadFrom(legend, LegendWithMargins());
   legend.SetLegendPosition({0.0, 0.0, 1.0, 1.0});
   legend.SetLegendColumns(2);
   legend.SetFontSize(0.1);
@@ -203,14 +90,14 @@ TEST_F(LegendFields, LoadedMarginsPlaceTheEntries) {
 }
 
 TEST_F(LegendFields, LoadedContoursAreShownAgain) {
-  LoadFrom(legend, LegendRecord().bytes);
+  LoadFrom(legend, LegendWithMargins());
   // The legend's own contours: without new arrays those of the file are shown.
   legend.ContourLegend2(nullptr, nullptr, 2, 1, ColorFrom(0.5), 0);
   ASSERT_EQ(legend.GetNumLegendObjs(), 4);
-  EXPECT_STREQ(legend.GetText(2), "8.5");
-  EXPECT_STREQ(legend.GetText(3), "7.5");
-  EXPECT_TRUE(legend.GetSymbolColor(2) == ColorFrom(41.0));
-  EXPECT_TRUE(legend.GetTextColor(3) == ColorFrom(40.0));
+  EXPECT_STREQ(legend.GetText(2), "16.5");
+  EXPECT_STREQ(legend.GetText(3), "15.5");
+  EXPECT_TRUE(legend.GetSymbolColor(2) == ColorFrom(21.5));
+  EXPECT_TRUE(legend.GetTextColor(3) == ColorFrom(20.5));
 }
 
 // The other way: what a legend was told and has computed, at its place in the file.

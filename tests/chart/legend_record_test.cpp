@@ -104,34 +104,6 @@ TEST(LegendRecord, HoldsContoursEntriesAndTitles) {
   EXPECT_EQ(loaded.GetNumLegendObjs(), 6);
 }
 
-TEST(LegendRecord, EntriesHoldTheirFieldsInOrder) {
-  CLegendObj3D entry;
-  entry.SetText("abc");
-  entry.SetTextColor({0.1, 0.2, 0.3, 0.4});
-  entry.SetSymbolColor({0.5, 0.6, 0.7, 0.8});
-  entry.SetSymbol(11);
-  entry.EnableLegendObj(5);
-  entry.SetSymbolScale(0.9);
-  entry.SetTextPosition({1, 2, 3, 4});
-  entry.SetSymbolPosition({5, 6, 7, 8});
-  entry.SetSymbolRotation({9, 10, 11, 12});
-  CLegendObj3D::nSelfID = 17;
-  const Bytes record = Saved(entry);
-  ASSERT_EQ(record.size(), 184U + kTextBytes + 3);
-  EXPECT_EQ(IntegerAt(record, 0), 17);
-  EXPECT_EQ(RealAt(record, 8), 0.1);
-  EXPECT_EQ(RealAt(record, 40), 0.5);
-  EXPECT_EQ(IntegerAt(record, 72), 11);
-  EXPECT_EQ(IntegerAt(record, 76), 5);
-  EXPECT_EQ(RealAt(record, 80), 0.9);
-  EXPECT_EQ(RealAt(record, 88), 1.0);
-  EXPECT_EQ(RealAt(record, 120), 5.0);
-  EXPECT_EQ(RealAt(record, 152), 9.0);
-  CLegendObj3D loaded;
-  LoadFrom(loaded, record);
-  EXPECT_EQ(Saved(loaded), record);
-}
-
 TEST(LegendRecord, SurvivesEveryTruncationAndHostileCounts) {
   CLegend3D legend;
   const std::array<double, 2> values{7, 8};

@@ -14,6 +14,7 @@
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 #include "records/record_values.h"
+#include "support/caught_error.h"
 #include "support/offscreen.h"
 
 namespace {
@@ -141,7 +142,7 @@ TEST(ChartRecords, AreLoaded) {
 
 template <class T>
 void FromItsRecord(T* object, const char* name) {
-  LoadFrom(*object, RecordFixture(name).AllBytes());
+  EXPECT_EQ(Catch([&] { LoadFrom(*object, RecordFixture(name).AllBytes()); }), kNoError);
 }
 
 void AddChildren(CChart3D& chart) {
@@ -229,7 +230,7 @@ TEST(ViewRecords, AreLoadedIntoAViewThatDraws) {
   CWnd window;
   window.CreateOffscreen(20, 20);
   CChartView3D loaded(&window);
-  loaded.Load(file.Path());
+  EXPECT_EQ(Catch([&] { loaded.Load(file.Path()); }), kNoError);
   ExpectView(loaded);
   ExpectRecord(SavedView(loaded), AsLoaded(record));
 }
