@@ -186,6 +186,21 @@ TEST(ChartRecords, AreSavedAsTheyWereSetUp) {
   ExpectRecord(Saved(made), AsLoaded(expected));
 }
 
+// What no accessor tells shows in the texts: their width follows from both aspects, their height
+// from the font's factor.
+TEST(ChartRecords, LoadedFactorsReachTheTransforms) {
+  CWnd window;
+  window.CreateOffscreen(20, 20);
+  CChartView3D view(&window);
+  CChart3D& loaded = *view.NewChart3D();
+  FromItsRecord(&loaded, "chart_3d_other");
+  const CTransform3D& transform = *loaded.NewTransform();
+  loaded.SetChartPosition({0.0, 0.0, 1.0, 0.5});
+  view.DrawViewScreen();
+  EXPECT_EQ(transform.GetFontAspect(), 300.5 * 10.0 / 20.0);
+  EXPECT_EQ(transform.GetFontHeightSF(), 302.5);
+}
+
 Bytes SavedView(const CChartView3D& view) {
   const TemporaryFile file;
   view.Save(file.Path());
