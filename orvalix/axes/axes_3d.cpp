@@ -10,6 +10,7 @@
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/kept_drawing_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/transform_3d.h"
 
@@ -135,12 +136,17 @@ CAxisLabels3D* CAxes3D::GetAxisLabels(int axis) const {
 void CAxes3D::DrawAxes() {
   if (m_context == nullptr) return;
   m_transform->ChartTransform();
-  DrawAxisLines();
-  for (int plane = 0; plane < kPlanes; ++plane) {
-    DrawPlaneGrid(plane);
-    DrawPlaneFill(plane);
-    DrawPlaneWall(plane);
-  }
+  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_AXES3D, "DrawAxes", [this] {
+    m_kept.Get().Run(*m_context, Shape(), [this] {
+      m_context->LoadMatrixTransform(m_transform->GetGraphTransform());
+      DrawAxisLines();
+      for (int plane = 0; plane < kPlanes; ++plane) {
+        DrawPlaneGrid(plane);
+        DrawPlaneFill(plane);
+        DrawPlaneWall(plane);
+      }
+    });
+  });
   DrawLabels();
 }
 

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
+#include "orvalix/render/kept_drawing.h"
 
 class CAxis3D;
 class CAxisLabels3D;
@@ -286,6 +288,9 @@ class ORVALIX_API CAxes3D {
   static constexpr int kAxes = 3;
   static constexpr int kPlanes = 6;
 
+  /// Every number that shapes what is drawn, apart from labels.
+  std::vector<double> Shape() const;
+
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
   template <class Record, class GridOrConst>
@@ -330,7 +335,8 @@ class ORVALIX_API CAxes3D {
   std::array<int, kPlanes> m_planeColorModes;
   std::array<int, kAxes> m_axisLabelsEnable;
   std::array<int, kAxes> m_axisEnable;
-  int m_outlineMode;  ///< nonzero: fills and walls have outlines
-  int m_transformID;  ///< id of the transform
-  int m_classTag;     ///< 202 marks a live object
+  int m_outlineMode;                ///< nonzero: fills and walls have outlines
+  int m_transformID;                ///< id of the transform
+  int m_classTag;                   ///< 202 marks a live object
+  orvalix::KeptDrawingSlot m_kept;  ///< axes, grids and planes as drawn last
 };

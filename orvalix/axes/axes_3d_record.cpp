@@ -1,7 +1,11 @@
+#include <utility>
+
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/axes/axis_3d.h"
 #include "orvalix/axes/axis_labels_3d.h"
+#include "orvalix/foundation/record_shape_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
+#include "orvalix/render/transform_3d.h"
 
 namespace {
 
@@ -56,6 +60,14 @@ void CAxes3D::RecordFields(Record& record, Self& self) {
   record.Fields("axis enable", self.m_axisEnable);
   record.Fields("axis labels enable", self.m_axisLabelsEnable);
   record.Field("outline mode", self.m_outlineMode);
+}
+
+std::vector<double> CAxes3D::Shape() const {
+  orvalix::RecordShape shape(nSelfID);
+  RecordFields(shape, *this);
+  for (const auto& axis : m_axes) axis->AppendShape(shape.numbers);
+  m_transform->AppendShape(shape.numbers);
+  return std::move(shape.numbers);
 }
 
 void CAxes3D::Save(void* file) const {

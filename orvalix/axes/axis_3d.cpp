@@ -11,6 +11,7 @@
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
+#include "orvalix/foundation/record_shape_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/open_gl.h"
@@ -318,6 +319,12 @@ void CAxis3D::RecordFields(Record& record, Self& self) {
   record.Field("intercept 2", self.m_intercept2);
   record.Field("set", self.m_axisSet);
   if constexpr (Record::kReading) self.m_axis = orvalix::ValidAxis(self.m_axis);
+}
+
+void CAxis3D::AppendShape(std::vector<double>& numbers) const {
+  orvalix::RecordShape shape(nSelfID);
+  RecordFields(shape, *this);
+  numbers.insert(numbers.end(), shape.numbers.begin(), shape.numbers.end());
 }
 
 void CAxis3D::Save(void* file) const {

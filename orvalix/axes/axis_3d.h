@@ -2,6 +2,8 @@
 /// One axis of a chart: its line and its tics.
 #pragma once
 
+#include <vector>
+
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
@@ -162,6 +164,9 @@ class ORVALIX_API CAxis3D {
   /// Reads the record from an open file. The counter becomes the stored one. Null does nothing.
   /// @throws CErr3D type 7, class 2, "Load"
   void Load(void* file);
+
+  /// Addition: appends every number that shapes what is drawn.
+  void AppendShape(std::vector<double>& numbers) const;
 
   static int nSelfID;  ///< axes counted so far; Load() overwrites it
 

@@ -32,11 +32,20 @@ unsigned MakeBuffer(GLenum target, std::size_t bytes) {
   throw std::bad_alloc();
 }
 
+/// Copies elements into the bound buffer, from `at` on. @return the offset behind them
 template <class T>
-void Fill(GLenum target, std::size_t at, const std::vector<T>& from) {
-  if (from.empty()) return;
-  glBufferSubData(target, static_cast<GLintptr>(at),
-                  static_cast<GLsizeiptr>(from.size() * sizeof(T)), from.data());
+std::size_t Fill(GLenum target, std::size_t at, const ChunkedArray<T>& from) {
+  from.ForEachChunk([&](const T* elements, std::size_t count) {
+    const std::size_t bytes = count * sizeof(T);
+    glBufferSubData(target, static_cast<GLintptr>(at), static_cast<GLsizeiptr>(bytes), elements);
+    at += bytes;
+  });
+  return at;
+}
+
+template <class T>
+std::size_t BytesOf(const ChunkedArray<T>& elements) {
+  return elements.size() * sizeof(T);
 }
 
 const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
@@ -63,30 +72,42 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
       indices += group.indices.size();
     }
     for (const LineGroup& group : segment.lines) {
-      calls.lines.push_back(
-          {group.state, indices, static_cast<int>(group.indices.size()), group.strips});
+      LineCall& call = calls.lines.emplace_back();
+      call.state = group.state;
+      call.first = indices;
+      call.count = static_cast<int>(group.indices.size());
+      for (std::size_t i = 0; i < group.strips.size(); ++i) {
+        const std::size_t end =
+            i + 1 < group.strips.size() ? group.strips[i + 1] : group.indices.size();
+        call.stripCounts.push_back(static_cast<int>(end - group.strips[i]));
+        call.stripOffsets.push_back(Offset((indices + group.strips[i]) * sizeof(std::uint32_t)));
+      }
       indices += group.indices.size();
     }
   }
-  m_lineVerticesAt = geometry.fillVertices.size() * sizeof(FillVertex);
   m_vertexBuffer = MakeBuffer(GL_ARRAY_BUFFER,
-                              m_lineVerticesAt + geometry.lineVertices.size() * sizeof(LineVertex));
+                              BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
+                                  BytesOf(geometry.fillTextures) + BytesOf(geometry.lineVertices));
   try {
     m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
   } catch (const std::bad_alloc&) {
     glDeleteBuffers(1, &m_vertexBuffer);
     throw;
   }
-  Fill(GL_ARRAY_BUFFER, 0, geometry.fillVertices);
+  m_fillColorsAt = Fill(GL_ARRAY_BUFFER, 0, geometry.fillVertices);
+  m_fillTexturesAt = Fill(GL_ARRAY_BUFFER, m_fillColorsAt, geometry.fillColors);
+  m_lineVerticesAt = Fill(GL_ARRAY_BUFFER, m_fillTexturesAt, geometry.fillTextures);
+  m_fillColor = geometry.fillColor;
+  m_hasFillColors = !geometry.fillColors.empty();
   Fill(GL_ARRAY_BUFFER, m_lineVerticesAt, geometry.lineVertices);
   std::size_t at = 0;
-  const auto append = [&at](const std::vector<std::uint32_t>& from) {
-    Fill(GL_ELEMENT_ARRAY_BUFFER, at, from);
-    at += from.size() * sizeof(std::uint32_t);
-  };
   for (const DrawSegment& segment : geometry.segments) {
-    for (const FillGroup& group : segment.fills) append(group.indices);
-    for (const LineGroup& group : segment.lines) append(group.indices);
+    for (const FillGroup& group : segment.fills) {
+      at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
+    }
+    for (const LineGroup& group : segment.lines) {
+      at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
+    }
   }
   glBindBuffer(GL_ARRAY_BUFFER, 0);
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
@@ -121,12 +142,16 @@ void DrawList::DrawFill(const FillCall& call) const {
   SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
-  glEnableClientState(GL_COLOR_ARRAY);
   glNormalPointer(GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, normal)));
-  glColorPointer(3, GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, color)));
+  if (m_hasFillColors) {
+    glEnableClientState(GL_COLOR_ARRAY);
+    glColorPointer(3, GL_FLOAT, 0, Offset(m_fillColorsAt));
+  } else {
+    glColor3fv(m_fillColor.data());
+  }
   if (state.isTextured != 0) {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    glTexCoordPointer(1, GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, texture)));
+    glTexCoordPointer(1, GL_FLOAT, 0, Offset(m_fillTexturesAt));
   }
   glDrawElements(GL_TRIANGLES, call.count, GL_UNSIGNED_INT,
                  Offset(call.first * sizeof(std::uint32_t)));
@@ -165,12 +190,8 @@ void DrawList::DrawLines(const LineCall& call) const {
                    Offset(call.first * sizeof(std::uint32_t)));
   } else {
     glShadeModel(GL_FLAT);
-    for (std::size_t i = 0; i < call.strips.size(); ++i) {
-      const std::uint32_t end =
-          i + 1 < call.strips.size() ? call.strips[i + 1] : static_cast<std::uint32_t>(call.count);
-      glDrawElements(GL_LINE_STRIP, static_cast<GLsizei>(end - call.strips[i]), GL_UNSIGNED_INT,
-                     Offset((call.first + call.strips[i]) * sizeof(std::uint32_t)));
-    }
+    glMultiDrawElements(GL_LINE_STRIP, call.stripCounts.data(), GL_UNSIGNED_INT,
+                        call.stripOffsets.data(), static_cast<GLsizei>(call.stripCounts.size()));
     glShadeModel(GL_SMOOTH);
   }
   glDisableClientState(GL_COLOR_ARRAY);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "orvalix/foundation/value_types.h"
+#include "orvalix/render/chunked_array_internal.h"
 
 namespace orvalix {
 
@@ -40,27 +41,27 @@ struct LineState {
   bool operator==(const LineState& other) const;
 };
 
+using GatheredColor = std::array<float, 3>;
+
 struct FillVertex {
   std::array<float, 3> position;
   std::array<float, 3> normal;
-  std::array<float, 3> color;
-  float texture;
 };
 
 struct LineVertex {
   std::array<float, 3> position;
-  std::array<float, 3> color;
+  GatheredColor color;
 };
 
 struct FillGroup {
   FillState state;
-  std::vector<std::uint32_t> indices;  ///< of fill vertices, three a triangle
+  ChunkedArray<std::uint32_t> indices;  ///< of fill vertices, three a triangle
 };
 
 struct LineGroup {
   LineState state;
-  std::vector<std::uint32_t> indices;  ///< two a line; of strips, one after another
-  std::vector<std::uint32_t> strips;   ///< where each strip begins in `indices`
+  ChunkedArray<std::uint32_t> indices;  ///< two a line; of strips, one after another
+  std::vector<std::uint32_t> strips;    ///< where each strip begins in `indices`
 };
 
 /// Faces, and the lines that are drawn over them.
@@ -85,8 +86,11 @@ struct SolidExtent {
 /// What was gathered, in memory.
 struct GatheredGeometry {
   std::vector<DrawSegment> segments;
-  std::vector<FillVertex> fillVertices;
-  std::vector<LineVertex> lineVertices;
+  ChunkedArray<FillVertex> fillVertices;
+  GatheredColor fillColor{};               ///< of all fill vertices, while `fillColors` is empty
+  ChunkedArray<GatheredColor> fillColors;  ///< of each, once there are several
+  ChunkedArray<float> fillTextures;        ///< texture coordinate of each, once there are some
+  ChunkedArray<LineVertex> lineVertices;
   std::vector<FacingDirection> directions;
   std::vector<SolidExtent> extents;  ///< one for each matrix of directions
 };
@@ -134,7 +138,8 @@ class DrawList {
     LineState state;
     std::size_t first;
     int count;
-    std::vector<std::uint32_t> strips;  ///< as in LineGroup
+    std::vector<int> stripCounts;           ///< indices of each strip
+    std::vector<const void*> stripOffsets;  ///< where they begin in the index buffer
   };
   struct Segment {
     std::vector<FillCall> fills;
@@ -151,7 +156,12 @@ class DrawList {
   std::vector<Segment> m_segments;
   std::vector<FacingDirection> m_directions;
   std::vector<SolidExtent> m_extents;
-  std::size_t m_lineVerticesAt = 0;  ///< offset in the vertex buffer, behind the fill vertices
+  GatheredColor m_fillColor{};
+  bool m_hasFillColors = false;  ///< each fill vertex has its own
+  /// Offsets in the vertex buffer, behind the fill vertices.
+  std::size_t m_fillColorsAt = 0;
+  std::size_t m_fillTexturesAt = 0;
+  std::size_t m_lineVerticesAt = 0;
   unsigned m_vertexBuffer = 0;
   unsigned m_indexBuffer = 0;
 };

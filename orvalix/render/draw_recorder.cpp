@@ -157,7 +157,7 @@ DrawSegment& DrawRecorder::SegmentFor(bool hasPlainFill) {
   return segments.back();
 }
 
-std::vector<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
+ChunkedArray<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
   const FillState state{m_matrix.loaded,   m_state.isLit,   m_state.isTextured,
                         m_state.isClipped, fill.isOutlined, facing};
   std::vector<FillGroup>& groups = SegmentFor(fill.isOutlined == 0).fills;
@@ -214,7 +214,20 @@ LineState DrawRecorder::StrokeState(const RecordedStroke& stroke, int isStrip) c
 std::uint32_t DrawRecorder::AddFillVertex(const point3Dtype& moved,
                                           const std::array<float, 3>& normal,
                                           const std::array<float, 3>& color, float texture) {
-  m_geometry.fillVertices.push_back({ToFloats(moved), normal, color, texture});
+  const std::size_t before = m_geometry.fillVertices.size();
+  if (before == 0) m_geometry.fillColor = color;
+  if (m_geometry.fillColors.empty() && color != m_geometry.fillColor) {
+    for (std::size_t i = 0; i < before; ++i) m_geometry.fillColors.push_back(m_geometry.fillColor);
+  }
+  const bool hasColors = !m_geometry.fillColors.empty() || color != m_geometry.fillColor;
+  if (hasColors) m_geometry.fillColors.push_back(color);
+  if (m_state.isTextured != 0 && m_geometry.fillTextures.empty()) {
+    for (std::size_t i = 0; i < before; ++i) m_geometry.fillTextures.push_back(0.0F);
+  }
+  if (m_state.isTextured != 0 || !m_geometry.fillTextures.empty()) {
+    m_geometry.fillTextures.push_back(texture);
+  }
+  m_geometry.fillVertices.push_back({ToFloats(moved), normal});
   return static_cast<std::uint32_t>(m_geometry.fillVertices.size() - 1);
 }
 
@@ -239,7 +252,7 @@ void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, cons
   const auto first = static_cast<std::uint32_t>(m_geometry.lineVertices.size());
   m_geometry.lineVertices.push_back({from, color});
   m_geometry.lineVertices.push_back({to, color});
-  std::vector<std::uint32_t>& indices = m_geometry.segments.back().lines[group].indices;
+  ChunkedArray<std::uint32_t>& indices = m_geometry.segments.back().lines[group].indices;
   indices.push_back(first);
   indices.push_back(first + 1);
 }
@@ -249,7 +262,7 @@ void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t 
   const Position a = m_geometry.fillVertices[from].position;
   const Position b = m_geometry.fillVertices[to].position;
   const std::array<float, 3> shown = ToFloats(color);
-  if (a == b || IsDrawnAlready(group, a, b, shown)) return;
+  if (a == b) return;
   LineGroup& lines = m_geometry.segments.back().lines[group];
   if (lines.state.isEdge == 0) {
     AddLineVertices(group, a, b, shown);
@@ -300,19 +313,26 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
   Try([&] {
     const bool isClosed = n > 1 && IsSamePlace(points[0], points[n - 1]);
     const auto corners = static_cast<std::uint32_t>(isClosed ? n - 1 : n);
-    std::vector<std::uint32_t>& indices = FillIndices(fill, -1);
+    ChunkedArray<std::uint32_t>& indices = FillIndices(fill, -1);
     const auto first = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
     const std::array<float, 3> moved = MovedNormal(normal);
     for (std::uint32_t i = 0; i < corners; ++i) {
       AddFillVertex(Moved(points[i]), moved, fill.color, textures != nullptr ? textures[i] : 0.0F);
     }
     for (std::uint32_t i = 2; i < corners; ++i) {
-      indices.insert(indices.end(), {first, first + i - 1, first + i});
+      for (const std::uint32_t index : {first, first + i - 1, first + i}) indices.push_back(index);
     }
     if (fill.isOutlined == 0) return;
     const std::size_t edges = EdgeGroupFor(fill, -1, -1);
     for (std::uint32_t i = 1; i < static_cast<std::uint32_t>(n); ++i) {
-      AddEdge(edges, first + i - 1, first + i % corners, fill.outlineColor);
+      const std::uint32_t from = first + i - 1;
+      const std::uint32_t to = first + i % corners;
+      // Polygons that meet share it.
+      if (IsDrawnAlready(edges, m_geometry.fillVertices[from].position,
+                         m_geometry.fillVertices[to].position, ToFloats(fill.outlineColor))) {
+        continue;
+      }
+      AddEdge(edges, from, to, fill.outlineColor);
     }
   });
 }
@@ -346,14 +366,15 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
       point3Dtype normal;
       CalcNormal(corners[face[0]], corners[face[1]], corners[face[2]], normal);
       const std::array<float, 3> movedNormal = MovedNormal(normal);
-      std::vector<std::uint32_t>& indices = FillIndices(fill, facing[i]);
+      ChunkedArray<std::uint32_t>& indices = FillIndices(fill, facing[i]);
       first[i] = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
       for (const std::size_t corner : face) {
         AddFillVertex(moved[corner], movedNormal, fill.color,
                       textures != nullptr ? textures[corner] : 0.0F);
       }
-      indices.insert(indices.end(),
-                     {first[i], first[i] + 1, first[i] + 2, first[i], first[i] + 2, first[i] + 3});
+      for (const std::uint32_t corner : {0U, 1U, 2U, 0U, 2U, 3U}) {
+        indices.push_back(first[i] + corner);
+      }
     }
     if (fill.isOutlined == 0) return;
     for (const SolidEdge& edge : kSolidEdges) {
@@ -380,15 +401,23 @@ void DrawRecorder::AddLine(const point3Dtype& from, const point3Dtype& to,
 void DrawRecorder::StartStrip(const RecordedStroke& stroke) {
   m_strip = stroke;
   m_isStripOpen = false;
-  Try([this] { m_stripGroup = LineGroupFor(StrokeState(m_strip, 1)); });
+  const int isStrip = stroke.stipple != kSolidLine ? 1 : 0;
+  Try([&] { m_stripGroup = LineGroupFor(StrokeState(m_strip, isStrip)); });
 }
 
 void DrawRecorder::AddToStrip(const point3Dtype& point, const std::array<float, 3>& color) {
   Try([&] {
     LineGroup& group = m_geometry.segments.back().lines[m_stripGroup];
+    const Position end = ToFloats(Moved(point));
+    if (group.state.isStrip == 0) {
+      if (m_isStripOpen) AddLineVertices(m_stripGroup, m_stripEnd, end, color);
+      m_stripEnd = end;
+      m_isStripOpen = true;
+      return;
+    }
     if (!m_isStripOpen) group.strips.push_back(static_cast<std::uint32_t>(group.indices.size()));
     m_isStripOpen = true;
-    m_geometry.lineVertices.push_back({ToFloats(Moved(point)), color});
+    m_geometry.lineVertices.push_back({end, color});
     group.indices.push_back(static_cast<std::uint32_t>(m_geometry.lineVertices.size() - 1));
   });
 }

@@ -65,7 +65,8 @@ class DrawRecorder {
   void AddSolid(const point3Dtype* corners, const float* textures, const RecordedFill& fill);
   void AddLine(const point3Dtype& from, const point3Dtype& to, const std::array<float, 3>& color,
                const RecordedStroke& stroke);
-  /// A line through points, each with the colour of the line that ends there.
+  /// A line through points, each with the colour of the line that ends there. Its stipple goes on
+  /// from point to point.
   void StartStrip(const RecordedStroke& stroke);
   void AddToStrip(const point3Dtype& point, const std::array<float, 3>& color);
   /// The next point begins a new line.
@@ -102,7 +103,7 @@ class DrawRecorder {
   point3Dtype Moved(const point3Dtype& point) const;
   std::array<float, 3> MovedNormal(const point3Dtype& normal) const;
   DrawSegment& SegmentFor(bool hasPlainFill);
-  std::vector<std::uint32_t>& FillIndices(const RecordedFill& fill, int facing);
+  ChunkedArray<std::uint32_t>& FillIndices(const RecordedFill& fill, int facing);
   std::size_t LineGroupFor(const LineState& state);
   /// Edges of the colour that came first in a segment share the vertices of their faces; from the
   /// first one of another colour on all have vertices of their own, which keeps their order.
@@ -132,6 +133,7 @@ class DrawRecorder {
   RecordedStroke m_strip{};
   std::size_t m_stripGroup = 0;
   bool m_isStripOpen = false;  ///< the next point of the strip ends a line
+  Position m_stripEnd{};       ///< where that line begins
   bool m_hasFailed = false;
 };
 

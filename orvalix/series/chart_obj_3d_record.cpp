@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "orvalix/foundation/record_shape_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
@@ -54,31 +55,10 @@ void RecordAs(Record& record, const char* name, Field& field, int stored) {
   }
 }
 
-/// Takes a record's fields as numbers: those that shape what a series looks like.
-class ShapeOf {
- public:
-  static constexpr bool kReading = false;
-
-  void Field(const char*, const int& value) {
-    // The counter says nothing of this object.
-    if (&value != &CChartObj3D::nSelfID) numbers.push_back(value);
-  }
-  void Field(const char*, const double& value) { numbers.push_back(value); }
-  void Field(const char*, const RGBDType& value) {
-    numbers.insert(numbers.end(), {value.red, value.green, value.blue});
-  }
-  template <class T, std::size_t N>
-  void Fields(const char*, const std::array<T, N>& values) {
-    numbers.insert(numbers.end(), values.begin(), values.end());
-  }
-
-  std::vector<double> numbers;
-};
-
 }  // namespace
 
 std::vector<double> CChartObj3D::Shape() const {
-  ShapeOf shape;
+  orvalix::RecordShape shape(nSelfID);
   RecordAttributes(shape, *this);
   // As they are: a record holds what there are elements for.
   for (const int count : {m_numDataPnts, m_numGroups, m_numContours}) {
