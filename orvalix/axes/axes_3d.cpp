@@ -136,17 +136,17 @@ CAxisLabels3D* CAxes3D::GetAxisLabels(int axis) const {
 void CAxes3D::DrawAxes() {
   if (m_context == nullptr) return;
   m_transform->ChartTransform();
-  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_AXES3D, "DrawAxes", [this] {
-    m_kept.Get().Run(*m_context, Shape(), [this] {
-      m_context->LoadMatrixTransform(m_transform->GetGraphTransform());
-      DrawAxisLines();
-      for (int plane = 0; plane < kPlanes; ++plane) {
-        DrawPlaneGrid(plane);
-        DrawPlaneFill(plane);
-        DrawPlaneWall(plane);
-      }
-    });
-  });
+  orvalix::DrawKeeping(
+      m_kept, *m_context, [this] { return Shape(); },
+      [this] {
+        m_context->LoadMatrixTransform(m_transform->GetGraphTransform());
+        DrawAxisLines();
+        for (int plane = 0; plane < kPlanes; ++plane) {
+          DrawPlaneGrid(plane);
+          DrawPlaneFill(plane);
+          DrawPlaneWall(plane);
+        }
+      });
   DrawLabels();
 }
 

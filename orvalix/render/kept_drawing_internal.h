@@ -3,11 +3,14 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
 #include "orvalix/render/draw_list_internal.h"
+#include "orvalix/render/kept_drawing.h"
 #include "orvalix/render/open_gl.h"
 
 namespace orvalix {
@@ -17,23 +20,18 @@ namespace orvalix {
 /// through.
 class KeptDrawing {
  public:
+  /// Numbers that the state which a drawing finds adds to its shape.
+  static constexpr std::size_t kMostInherited = 16;
+
   KeptDrawing() = default;
   KeptDrawing(const KeptDrawing&) = delete;
   KeptDrawing& operator=(const KeptDrawing&) = delete;
 
   /// Draws what is kept, or, when there is nothing for that shape and state of the context, what
-  /// `draw` draws, which is then kept. `draw` loads a matrix before anything else; whatever it
-  /// loads must hold the matrix of today.
-  /// @param shape all numbers that shape what is drawn, apart from data, with whose changes this
-  ///   object goes (KeptDrawingSlot::Forget())
+  /// `draw` draws, which is then kept if memory allows it.
+  /// @param shape what shapes the drawing, apart from data
   template <class Draw>
   void Run(COpenGL& context, std::vector<double> shape, Draw draw) {
-    if (!context.CanGather()) {
-      const COpenGL::HidingFarSides hiding(context);
-      draw();
-      return;
-    }
-    context.AppendDrawingState(shape);
     const COpenGL::DrawingState start = context.GetDrawingState();
     const std::size_t ownNumbers = shape.size();
     COpenGL::AppendInherited(shape, start, m_inherited);
@@ -47,16 +45,30 @@ class KeptDrawing {
       draw();
     }
     if (context.HasFailedToGather()) {
-      const COpenGL::HidingFarSides hiding(context);
-      draw();  // one by one
+      DrawOneByOne(context, draw);
       return;
     }
     m_list = context.TakeGathered(m_end);
     if (m_list == nullptr) return;
-    m_inherited = context.m_inherited;
-    shape.resize(ownNumbers);
-    COpenGL::AppendInherited(shape, start, m_inherited);
-    m_shape = std::move(shape);
+    try {
+      m_inherited = context.m_inherited;
+      shape.resize(ownNumbers);
+      COpenGL::AppendInherited(shape, start, m_inherited);
+      m_shape = std::move(shape);
+    } catch (const std::bad_alloc&) {
+      m_list.reset();
+    }
+  }
+
+  template <class Draw>
+  static void DrawOneByOne(COpenGL& context, Draw draw) {
+    const COpenGL::HidingFarSides hiding(context);
+    draw();
+  }
+  static bool CanGather(const COpenGL& context) { return context.CanGather(); }
+  /// Appends what of the context's state always shapes a drawing.
+  static void AppendState(const COpenGL& context, std::vector<double>& shape) {
+    context.AppendDrawingState(shape);
   }
 
  private:
@@ -68,5 +80,31 @@ class KeptDrawing {
   unsigned m_inherited = 0;     ///< parts of the context's state that it was gathered in
   COpenGL::DrawingState m_end;  ///< of the context afterwards
 };
+
+/// Draws an object: what its slot keeps, if it still has that shape, else what `draw` draws.
+/// Without memory to gather it, or where OpenGL tells what it would draw, that is drawn one by one.
+/// `draw` loads a matrix before anything else; whatever it loads must hold the matrix of today.
+/// @param shape makes the numbers that shape the drawing, apart from data, with whose changes the
+///   kept drawing goes (KeptDrawingSlot::Forget())
+template <class Shape, class Draw>
+void DrawKeeping(KeptDrawingSlot& slot, COpenGL& context, Shape shape, Draw draw) {
+  KeptDrawing* kept = nullptr;
+  std::vector<double> numbers;
+  if (KeptDrawing::CanGather(context)) {
+    try {
+      numbers = shape();
+      KeptDrawing::AppendState(context, numbers);
+      numbers.reserve(numbers.size() + KeptDrawing::kMostInherited);
+      kept = &slot.Get();
+    } catch (const std::bad_alloc&) {
+      kept = nullptr;
+    }
+  }
+  if (kept != nullptr) {
+    kept->Run(context, std::move(numbers), draw);
+  } else {
+    KeptDrawing::DrawOneByOne(context, draw);
+  }
+}
 
 }  // namespace orvalix

@@ -119,12 +119,16 @@ void CChartObj3D::DrawChartObj() {
   m_openGL->SetColorMode(m_colorMode);
   m_openGL->EnableTexture(m_colorMode == kColorByValue ? 1 : 0);
   if (m_clipping != 0) m_transform->SetClipping(m_clipping);
-  orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_CHARTOBJ3D, "DrawChartObj", [this] {
-    m_kept.Get().Run(*m_openGL, Shape(), [this] {
-      m_openGL->LoadMatrixTransform(m_transform->GetGraphTransform());
-      DrawChartType();
-    });
-  });
+  if (m_chartType == kScatterText3D) {
+    DrawChartType();  // texts are kept by their font
+    return;
+  }
+  orvalix::DrawKeeping(
+      m_kept, *m_openGL, [this] { return Shape(); },
+      [this] {
+        m_openGL->LoadMatrixTransform(m_transform->GetGraphTransform());
+        DrawChartType();
+      });
 }
 
 void CChartObj3D::DrawAsPart() {

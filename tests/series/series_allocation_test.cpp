@@ -89,6 +89,7 @@ class DrawingAllocation : public orvalix::test::SeriesTest {
     m_values.fill(kNan);
     m_group.fill(kNan);
     m_colors.fill(red);
+    target.gl->SetGathering(0);  // what gathering takes is no part of a series
   }
 
   /// A series with the given type, three points, and two groups if they are free to choose.
@@ -157,6 +158,22 @@ TEST_F(DrawingAllocation, ThePartsOfABox) {
               "InitIndDataStorage", "InitDepDataStorage", "InitBarHeightsStorage",  // lower box
               "InitIndDataStorage", "InitDepDataStorage", "InitBarHeightsStorage",  // upper box
               "InitIndDataStorage", "InitDepDataStorage"}));                        // upper end
+}
+
+TEST_F(DrawingAllocation, GatheringWithoutMemoryDrawsOneByOne) {
+  target.gl->SetGathering(1);
+  SetUp(CChartObj3D::kBoxAndWhiskerChart25D);
+  int withoutError = 0;
+  const int failures = FailEachAllocation([&] {
+    const CaughtError error = Catch([&] {
+      CChartObj3D fresh = series;  // keeps nothing of its drawing
+      fresh.DrawChartObj();
+    });
+    if (error == kNoError) ++withoutError;
+    EXPECT_TRUE(error == kNoError || error.type == 2) << error;
+  });
+  EXPECT_GT(withoutError, 1);  // the last run, and those without memory for what is kept
+  EXPECT_GT(failures, withoutError - 1);
 }
 
 TEST_F(DrawingAllocation, AfterAFailureTheSeriesIsDrawnAsBefore) {
