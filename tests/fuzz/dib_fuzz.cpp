@@ -1,42 +1,14 @@
 /// Any bytes as a bitmap file: loaded, made a palette and a texture of, and painted.
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 
 #include "orvalix/foundation/err_3d.h"
 #include "orvalix/render/dib.h"
+#include "support/memory_file.h"
 
 namespace {
-
-/// A file in memory, reached by a name.
-class InputFile {
- public:
-  InputFile()
-      : m_descriptor(memfd_create("dib_fuzz", MFD_CLOEXEC)),
-        m_path("/proc/self/fd/" + std::to_string(m_descriptor)) {
-    if (m_descriptor == -1) std::abort();
-  }
-  ~InputFile() { close(m_descriptor); }
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
-
-  void Fill(const std::uint8_t* data, std::size_t size) const {
-    const bool isFilled = ftruncate(m_descriptor, 0) == 0 &&
-                          pwrite(m_descriptor, data, size, 0) == static_cast<ssize_t>(size);
-    if (!isFilled) std::abort();
-  }
-  const char* Path() const { return m_path.c_str(); }
-
- private:
-  int m_descriptor;
-  std::string m_path;
-};
 
 /// Reads every byte that the object says it has.
 unsigned SumOf(const void* bytes, std::size_t size) {
@@ -67,7 +39,7 @@ void Use(CDib& dib) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const InputFile file;
+  static const orvalix::test::MemoryFile file;
   CErr3D::nErrorReportMode = 0;
   SetMessageBoxHandler([](const char*) { return 0; });
   file.Fill(data, size);
