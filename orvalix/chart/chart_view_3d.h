@@ -154,7 +154,7 @@ class ORVALIX_API CChartView3D {
   /// doesn't hold keeps its defaults.
   /// @throws CErr3D "Load": type 5, class 6 when the file can't be opened; type 7 for a file that
   ///   contradicts itself or can't be read, of the class in whose record it happened; type 2 or 3
-  ///   when memory runs out
+  ///   when memory runs out. For a picture's memory: type 1, class 8, "LoadBitmapFile".
   void Load(const CString& name);
   /// @}
 

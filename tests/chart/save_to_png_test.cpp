@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 
 #include "chart/view_fixture.h"
 #include "orvalix/chart/png_file_internal.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
+#include "support/file_size_limit.h"
 #include "support/picture.h"
 #include "support/section.h"
 #include "support/temporary_file.h"
@@ -24,26 +23,6 @@ const CaughtError kNoMemory{2, 6, "SaveToPng"};
 void Write(CDIBSection& dib, const CString& path) {
   orvalix::WritePngFile(dib, path, kClass, "SaveToPng");
 }
-
-/// Lets no file grow beyond some bytes while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : m_handler(signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_limit);
-    const rlimit limit{bytes, m_limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_limit);
-    signal(SIGXFSZ, m_handler);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  void (*m_handler)(int);
-  rlimit m_limit{};
-};
 
 TEST(SaveToPng, WritesThePictureAtTheBitmapsSize) {
   CWnd window;

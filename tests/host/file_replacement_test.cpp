@@ -10,11 +10,14 @@
 #include <string>
 
 #include "support/allocation_failure.h"
+#include "support/without_rights.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using orvalix::FileReplacement;
+using orvalix::test::GiveAway;
+using orvalix::test::RunWithoutRights;
 
 /// A folder of its own for each test.
 class FileReplacing : public ::testing::Test {
@@ -135,19 +138,40 @@ TEST_F(FileReplacing, WhatCannotBeWrittenIsRefused) {
   Put("a", "a file");
   EXPECT_FALSE(Replace(Path("a/b"), "text"));
   EXPECT_EQ(FilesInFolder(), 1);
-  if (::geteuid() == 0) GTEST_SKIP() << "permissions don't stop this user";
-  ::chmod(Path("a").c_str(), 0440);
-  EXPECT_FALSE(Replace(Path("a"), "text"));
-  ::chmod(m_folder.c_str(), 0550);
-  EXPECT_FALSE(Replace(Path("b"), "text"));
+}
+
+TEST_F(FileReplacing, WhatMayNotBeWrittenIsRefused) {
+  GiveAway(m_folder.c_str());
+  RunWithoutRights([&] {
+    Put("a", "a file");
+    ::chmod(Path("a").c_str(), 0440);
+    EXPECT_FALSE(Replace(Path("a"), "text"));
+    ::chmod(m_folder.c_str(), 0550);
+    EXPECT_FALSE(Replace(Path("b"), "text"));
+    EXPECT_EQ(Text("a"), "a file");
+    EXPECT_EQ(FilesInFolder(), 1);
+  });
+}
+
+TEST_F(FileReplacing, FilesOfAnotherOwnerAreWrittenInPlace) {
+  if (::geteuid() != 0) GTEST_SKIP() << "nobody else's files are at hand";
+  Put("a", "before");
+  GiveAway(Path("a").c_str());
+  EXPECT_TRUE(Replace(Path("a"), "after"));
+  EXPECT_EQ(Text("a"), "after");
+  struct stat status {};
+  ASSERT_EQ(::stat(Path("a").c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, orvalix::test::kNobody);
 }
 
 TEST_F(FileReplacing, FilesInFoldersThatTakeNoNewOnesAreWrittenInPlace) {
-  if (::geteuid() == 0) GTEST_SKIP() << "permissions don't stop this user";
-  Put("a", "before");
-  ::chmod(m_folder.c_str(), 0550);
-  EXPECT_TRUE(Replace(Path("a"), "after"));
-  EXPECT_EQ(Text("a"), "after");
+  GiveAway(m_folder.c_str());
+  RunWithoutRights([&] {
+    Put("a", "before");
+    ::chmod(m_folder.c_str(), 0550);
+    EXPECT_TRUE(Replace(Path("a"), "after"));
+    EXPECT_EQ(Text("a"), "after");
+  });
 }
 
 TEST_F(FileReplacing, AFileThatCannotBeMovedIsAnError) {

@@ -11,6 +11,7 @@ thread_local int allocationsUntilFailure = 0;  ///< 0 when none is to fail
 thread_local bool failsFromThen = false;
 thread_local bool hasFailed = false;
 thread_local std::size_t largest = 0;
+thread_local std::size_t total = 0;
 
 bool IsToFail() {
   if (hasFailed && failsFromThen) return true;
@@ -21,6 +22,7 @@ bool IsToFail() {
 
 void* Allocate(std::size_t size) noexcept {
   largest = std::max(largest, size);
+  total += size;
   return IsToFail() ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
 }
 
@@ -40,9 +42,14 @@ void FailAllocation(int n, Failing extent) {
 
 bool AllocationFailure::Happened() const { return hasFailed; }
 
-AllocationMeter::AllocationMeter() { largest = 0; }
+AllocationMeter::AllocationMeter() {
+  largest = 0;
+  total = 0;
+}
 
 std::size_t AllocationMeter::Largest() const { return largest; }
+
+std::size_t AllocationMeter::Total() const { return total; }
 
 }  // namespace orvalix::test
 

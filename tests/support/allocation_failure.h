@@ -46,6 +46,8 @@ class AllocationMeter {
   AllocationMeter();
   /// Bytes of the largest allocation asked for.
   std::size_t Largest() const;
+  /// Bytes of all allocations asked for, whether freed again or not.
+  std::size_t Total() const;
 };
 
 }  // namespace orvalix::test

@@ -26,8 +26,8 @@ class MemoryFile {
   MemoryFile& operator=(const MemoryFile&) = delete;
 
   void Fill(const std::uint8_t* data, std::size_t size) const {
-    const bool isFilled = ftruncate(m_descriptor, 0) == 0 &&
-                          pwrite(m_descriptor, data, size, 0) == static_cast<ssize_t>(size);
+    const bool isFilled = pwrite(m_descriptor, data, size, 0) == static_cast<ssize_t>(size) &&
+                          ftruncate(m_descriptor, static_cast<off_t>(size)) == 0;
     if (!isFilled) std::abort();
   }
   void Fill(const std::vector<unsigned char>& content) const {
