@@ -10,6 +10,7 @@
 #include "orvalix/surface/polysurface.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
+#include "support/memory_file.h"
 #include "support/temporary_file.h"
 #include "surface/sample_meshes.h"
 
@@ -20,7 +21,7 @@ using orvalix::test::Catch;
 using orvalix::test::CaughtError;
 using orvalix::test::kAdjacencyFlag;
 using orvalix::test::kNoError;
-using orvalix::test::LoadFrom;
+using orvalix::test::MemoryFile;
 using orvalix::test::PutInt;
 using orvalix::test::Quadrilaterals;
 using orvalix::test::Saved;
@@ -121,10 +122,14 @@ void ExpectSafe(const CPolysurface& mesh) {
   for (int polygon = -1; polygon <= maxPolygons; ++polygon) ExpectSafePolygon(mesh, polygon);
   for (const int polygon : {kLowest, kHuge}) ExpectSafePolygon(mesh, polygon);
 
-  const Bytes record = Saved(mesh);
+  static const MemoryFile file;
+  const CString name = file.Path();
+  mesh.Save(name);
+  const Bytes record = file.Read();
   CPolysurface again;
-  EXPECT_EQ(Catch([&] { LoadFrom(again, record); }), kNoError);
-  EXPECT_EQ(Saved(again), record);
+  EXPECT_EQ(Catch([&] { again.Load(name); }), kNoError);
+  again.Save(name);
+  EXPECT_EQ(file.Read(), record);
   Use(mesh);
 }
 
@@ -132,7 +137,9 @@ void ExpectSafe(const CPolysurface& mesh) {
 CaughtError LoadBroken(CPolysurface& mesh, const Bytes& record) {
   mesh = Quadrilaterals();
   mesh.SetWireFrame(1);
-  const CaughtError error = Catch([&] { LoadFrom(mesh, record); });
+  static const MemoryFile file;
+  file.Fill(record);
+  const CaughtError error = Catch([&] { mesh.Load(CString(file.Path())); });
   EXPECT_TRUE(error == kNoError || error == kBroken) << error;
   ExpectSafe(mesh);
   return error;
@@ -377,10 +384,16 @@ Bytes Mutated(Bytes record, std::size_t behindPoints, std::mt19937& random) {
   return record;
 }
 
-TEST(PolysurfaceBrokenRecord, SurvivesRandomChanges) {
+/// The work is divided so that the parts can run side by side.
+class PolysurfaceRandomRecord : public ::testing::TestWithParam<int> {
+ protected:
+  static constexpr int kShards = 4;
+};
+
+TEST_P(PolysurfaceRandomRecord, IsSurvived) {
   constexpr unsigned kSeed = 1414;
-  constexpr int kRounds = 1000;
-  std::mt19937 random(kSeed);
+  constexpr int kRounds = 100000 / 3 / kShards + 1;
+  std::mt19937 random(kSeed + static_cast<unsigned>(GetParam()));
   int readable = 0;
   int broken = 0;
   for (const CPolysurface& sample : {SmallGrid(), ScatteredTriangles(), Quadrilaterals()}) {
@@ -394,8 +407,10 @@ TEST(PolysurfaceBrokenRecord, SurvivesRandomChanges) {
     }
   }
   // Both ways are walked often.
-  EXPECT_GT(readable, 500);
-  EXPECT_GT(broken, 500);
+  EXPECT_GT(readable, 2000);
+  EXPECT_GT(broken, 2000);
 }
+
+INSTANTIATE_TEST_SUITE_P(Shards, PolysurfaceRandomRecord, ::testing::Range(0, 4));
 
 }  // namespace
