@@ -43,8 +43,8 @@ inline void AddAxes(CChart3D& chart, CTransform3D* transform) {
   axes->EnableAxisLabelsStrings(0, 1);
   axes->SetAxisTitleString(2, "up");
   axes->SetPlaneGrid(0, 5, 5, SetRGBD(0.7, 0.7, 0.7, 1.0), 1.0, 0, 0);
-  axes->SetWallPlane(4, SetRGBD(0.9, 0.9, 1.0, 1.0), SetRGBD(0.0, 0.0, 0.0, 1.0));
-  axes->SetPlaneColor(2, SetRGBD(0.9, 1.0, 0.9, 1.0), SetRGBD(0.0, 0.0, 0.0, 1.0));
+  axes->SetWallPlane(1, SetRGBD(0.9, 0.9, 1.0, 1.0), SetRGBD(0.0, 0.0, 0.0, 1.0));
+  axes->SetPlaneColor(0, SetRGBD(0.9, 1.0, 0.9, 1.0), SetRGBD(0.0, 0.0, 0.0, 1.0));
 }
 
 inline void AddSeriesInRows(CChart3D& chart, CTransform3D* transform) {
