@@ -17,7 +17,8 @@ class CTransform3D;
 
 /// Makes and draws a label beside each major tic of an axis, and a title along the axis beyond the
 /// labels. All labels are made anew at every drawing, from the axis and the transform as they are
-/// then. An axes frame (CAxes3D) owns three.
+/// then. An axes frame (CAxes3D) owns three. Labels have 10000 characters together at most, more
+/// than any picture shows apart; further ones are left out.
 ///
 /// Nothing is drawn before SetAxisLabels() was called and the labels were bound.
 class ORVALIX_API CAxisLabels3D {
@@ -202,6 +203,7 @@ class ORVALIX_API CAxisLabels3D {
   bool IsKept(double value, double min, double center, double max) const;
   CString LabelText(double value, int index) const;
   CTextObj3D* NewLabelObj(CString const& text);
+  /// Null when there is no room for more labels.
   CTextObj3D* AppendLabel(double value, int index, Justification justify,
                           point3Dtype const& location);
   void FreeLabelObjs();
@@ -212,6 +214,7 @@ class ORVALIX_API CAxisLabels3D {
   CAxis3D* m_axis;                           ///< the axis labelled; not owned
   CTransform3D* m_transform;                 ///< not owned
   orvalix::ObjectList<CTextObj3D> m_labels;  ///< of the last drawing
+  int m_labelCharacters;                     ///< of m_labels, and one for each of them
   int m_axisIndex;                           ///< 0 x, 1 y, 2 z
   int m_labelsPlane;
   int m_labelsDir;       ///< direction code

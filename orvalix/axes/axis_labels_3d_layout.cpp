@@ -27,6 +27,10 @@ constexpr double kEndTolerance = 1.0 / 1000.0;
 constexpr int kX = 0;
 constexpr int kY = 1;
 
+/// Characters of an axis' labels: a stored axis may have more tics, and more digits at each, than
+/// can be drawn in any time.
+constexpr int kMostCharacters = 10000;
+
 }  // namespace
 
 void CAxisLabels3D::DrawAxisLabels() {
@@ -62,8 +66,10 @@ bool CAxisLabels3D::CalcLinAxisLabels() {
     locate(value);
     if (IsKept(value, range.min, range.center, range.max)) {
       CTextObj3D* label = AppendLabel(value, index, justify, location);
-      label->SetFlipX(m_labelsFlipX);
-      label->SetFlipY(m_labelsFlipY);
+      if (label != nullptr) {
+        label->SetFlipX(m_labelsFlipX);
+        label->SetFlipY(m_labelsFlipY);
+      }
     }
     ++index;
   });
@@ -155,9 +161,13 @@ CTextObj3D* CAxisLabels3D::NewLabelObj(CString const& text) {
 
 CTextObj3D* CAxisLabels3D::AppendLabel(double value, int index, Justification justify,
                                        point3Dtype const& location) {
+  if (m_labelCharacters >= kMostCharacters) return nullptr;
   CTextObj3D* label =
-      orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_AXISLABELS3D, "NewLabelObj",
-                                    [&] { return NewLabelObj(LabelText(value, index)); });
+      orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_AXISLABELS3D, "NewLabelObj", [&] {
+        const CString text = LabelText(value, index);
+        m_labelCharacters += std::min(text.GetLength(), kMostCharacters) + 1;
+        return NewLabelObj(text);
+      });
   label->SetJustify(justify.x, justify.y);
   label->SetColor(m_labelsColor);
   label->SetLocation(location);
@@ -167,7 +177,10 @@ CTextObj3D* CAxisLabels3D::AppendLabel(double value, int index, Justification ju
   return label;
 }
 
-void CAxisLabels3D::FreeLabelObjs() { m_labels.Clear(); }
+void CAxisLabels3D::FreeLabelObjs() {
+  m_labels.Clear();
+  m_labelCharacters = 0;
+}
 
 double CAxisLabels3D::GetMaxLabelLength() const {
   double longest = 0.0;

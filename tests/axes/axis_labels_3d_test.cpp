@@ -360,6 +360,25 @@ TEST_F(DrawnLabels, AreMadeAnewEachTime) {
   EXPECT_EQ(labels.GetAxisLabelObj(-1), nullptr);
 }
 
+TEST_F(DrawnLabels, AreNoMoreThanAPictureShowsApart) {
+  axis.SetAxisTics(0, 0.001, 1, 0.02, 0.04, kDown);
+  labels.SetAxisLabelsDecimals(3);
+  // "0.000" and so on count for 6 of 10000: the 1667th reaches that.
+  EXPECT_EQ(Texts().size(), 1667U);
+  EXPECT_STREQ(labels.GetAxisLabelObj(1666)->GetString(), "1.666");
+  labels.SetAxisLabelsDecimals(1000);
+  // A zero, a point and 100 digits count for 103: the 98th reaches that.
+  EXPECT_EQ(Texts().size(), 98U);
+  const std::vector<CString> strings(1, CString('m', 20000));
+  labels.SetAxisLabelsStrings(strings.data(), 1);
+  labels.EnableAxisLabelsStrings(1);
+  EXPECT_EQ(Texts().size(), 1U);  // a long one is drawn, though alone
+  axis.SetAxisTics(0, 1, 5, 0.02, 0.04, kDown);
+  labels.EnableAxisLabelsStrings(0);
+  labels.SetAxisLabelsDecimals(0);
+  EXPECT_THAT(Texts(), ElementsAre("0", "5", "10"));
+}
+
 TEST_F(DrawnLabels, GoUpFromTheCentreThenDown) {
   axis.SetAxisTics(5, 1, 2, 0.02, 0.04, kDown);
   EXPECT_THAT(Texts(), ElementsAre("5", "7", "9", "3", "1"));

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstring>
+
 namespace {
 
 using namespace orvalix::test;
@@ -73,6 +76,41 @@ TEST_P(ChartFileDamage, SurvivesEachIntegerAlone) {
       if (HasFailure()) return;
     }
   }
+}
+
+/// Fields whose numbers multiply each other's work, all of them large at once.
+TEST(ChartFileDrawing, ComesToAnEnd) {
+  using Clock = std::chrono::steady_clock;
+  const KnownFile file = FullFile();
+  Bytes changed = file.bytes;
+  const auto fill = [&](const char* name, auto value) {
+    int filled = 0;
+    for (const RecordField& field : file.fields) {
+      if (field.name != name) continue;
+      ASSERT_EQ((field.end - field.begin) % sizeof(value), 0U) << name;
+      for (std::size_t at = field.begin; at < field.end; at += sizeof(value), ++filled) {
+        std::memcpy(&changed[at], &value, sizeof(value));
+      }
+    }
+    EXPECT_GT(filled, 0) << name;
+  };
+  constexpr int kHuge = 0x7fffffff;
+  fill("tic spacing", 1e-9);
+  for (const char* name : {"labels decimals", "rows", "columns", "contour decimals", "repeat x",
+                           "repeat y", "font characters", "line width", "symbol"}) {
+    fill(name, kHuge);
+  }
+  for (const char* name :
+       {"nth tic major", "grid nth tic 1", "grid nth tic 2", "grid wall flag", "grid enable",
+        "axis enable", "axis labels enable", "plane enable", "labels set", "set"}) {
+    fill(name, 1);
+  }
+  fill("label strings enable", 0);
+  Patient patient;
+  patient.Endure(changed);
+  const Clock::time_point start = Clock::now();
+  patient.Draw();
+  EXPECT_LT(Clock::now() - start, std::chrono::seconds(20));
 }
 
 INSTANTIATE_TEST_SUITE_P(Shards, ChartFileDamage, ::testing::Range(0, kShards));
