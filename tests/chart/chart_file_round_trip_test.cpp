@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "chart/full_view.h"
+#include "support/caught_error.h"
 #include "support/record_fields.h"
 
 namespace {
@@ -99,6 +100,39 @@ TEST_F(ChartFileRoundTrip, ThePictureIsTheSame) {
   ViewOn empty(160, 80);
   empty.view->DrawViewScreen();
   EXPECT_FALSE(Picture(*empty.view) == picture);
+}
+
+TEST_F(ChartFileRoundTrip, CountersAreThoseOfTheLastRecordOfTheirClass) {
+  Bytes file = SavedFile(*full.view);
+  const std::vector<RecordField> fields = Fields(file);
+  const auto put = [&](CErr3DClass recordClass, int n, int value) {
+    const RecordField& field = FieldAt(fields, recordClass, "counter", n);
+    std::memcpy(&file[field.begin], &value, sizeof(value));
+  };
+  put(ERR3DCLASS_CHART3D, 0, 1234);
+  put(ERR3DCLASS_CHART3D, 1, 4321);
+  put(ERR3DCLASS_LEGEND3D, 0, 77);
+  LoadFile(*second.view, file);
+  EXPECT_EQ(CChart3D::nSelfID, 4321);
+  EXPECT_EQ(CLegend3D::nSelfID, 77);
+}
+
+TEST_F(ChartFileRoundTrip, AfterAFailureTheViewKeepsWhatWasLoadedBefore) {
+  Bytes file = SavedFile(*full.view);
+  const std::vector<RecordField> fields = Fields(file);
+  const int impossible = -1;
+  const RecordField& series = FieldAt(fields, ERR3DCLASS_CHART3D, "number of series", 1);
+  std::memcpy(&file[series.begin], &impossible, sizeof(impossible));
+  for (int i = 0; i < 4; ++i) second.view->NewChart3D();
+  second.view->NewLegend3D();
+  EXPECT_EQ(Catch([&] { LoadFile(*second.view, file); }), (CaughtError{7, 4, "Load"}));
+  ASSERT_EQ(second.view->GetNumCharts(), 2);
+  EXPECT_EQ(second.view->GetNumLegends(), 0);
+  EXPECT_EQ(second.view->GetChart(0)->GetNumChartObjs(), 3);
+  EXPECT_EQ(second.view->GetChart(1)->GetNumTransforms(), 2);
+  EXPECT_EQ(second.view->GetChart(1)->GetNumChartObjs(), 0);
+  second.view->DrawViewScreen();
+  EXPECT_GT(SavedFile(*second.view).size(), 20000U);  // two charts
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
+/// @file
 /// The seeds of a fuzz target, changed at random: the same changes in every run.
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -14,11 +16,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-namespace {
+namespace orvalix::test {
 
-using Bytes = std::vector<std::uint8_t>;
-
-std::vector<Bytes> Seeds() {
+/// The files of the folder corpus/<name>/.
+inline std::vector<std::vector<std::uint8_t>> Seeds() {
+  using Bytes = std::vector<std::uint8_t>;
   std::vector<std::filesystem::path> paths;
   for (const auto& entry : std::filesystem::directory_iterator(ORVALIX_CORPUS_FOLDER)) {
     paths.push_back(entry.path());
@@ -34,6 +36,8 @@ std::vector<Bytes> Seeds() {
 
 class Mutator {
  public:
+  using Bytes = std::vector<std::uint8_t>;
+
   std::size_t Below(std::size_t limit) { return m_random() % limit; }
 
   void Change(Bytes& bytes, const Bytes& other) {
@@ -80,17 +84,17 @@ class Mutator {
   std::mt19937 m_random{20240607};
 };
 
-TEST(CorpusFuzz, NoBytesAreADanger) {
-  constexpr int kRuns = 3000;
-  const std::vector<Bytes> seeds = Seeds();
+/// Calls the target with every seed, and then with changed ones.
+inline void TryChangedSeeds(int runs) {
+  const auto seeds = Seeds();
   ASSERT_GE(seeds.size(), 3U);
-  for (const Bytes& seed : seeds) LLVMFuzzerTestOneInput(seed.data(), seed.size());
+  for (const auto& seed : seeds) LLVMFuzzerTestOneInput(seed.data(), seed.size());
   Mutator mutator;
-  for (int run = 0; run < kRuns; ++run) {
-    Bytes bytes = seeds[mutator.Below(seeds.size())];
+  for (int run = 0; run < runs; ++run) {
+    auto bytes = seeds[mutator.Below(seeds.size())];
     mutator.Change(bytes, seeds[mutator.Below(seeds.size())]);
     ASSERT_EQ(LLVMFuzzerTestOneInput(bytes.data(), bytes.size()), 0) << "run " << run;
   }
 }
 
-}  // namespace
+}  // namespace orvalix::test

@@ -1,0 +1,9 @@
+#include "fuzz/corpus_fuzz.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(PolysurfaceFileFuzz, NoBytesAreADanger) { orvalix::test::TryChangedSeeds(30000); }
+
+}  // namespace
