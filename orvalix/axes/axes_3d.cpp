@@ -147,7 +147,11 @@ void CAxes3D::DrawAxes() {
           DrawPlaneWall(plane);
         }
       });
-  DrawLabels();
+  m_transform->TextTransform();
+  orvalix::DrawGathered(*m_context, [this] {
+    m_context->LoadMatrixTransform(m_transform->GetFontTransform());
+    DrawLabels();
+  });
 }
 
 void CAxes3D::DrawAxisLines() {

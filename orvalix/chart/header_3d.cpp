@@ -5,6 +5,7 @@
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/kept_drawing_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
@@ -109,6 +110,14 @@ void CHeader3D::DrawHeader() {
   if (m_headerEnable == 0 || m_context == nullptr) return;
   m_transform->SetFontAspect(m_viewAspect);
   m_transform->SetFontHeightSF(m_fontHeightSF);
+  m_transform->TextTransform();
+  orvalix::DrawGathered(*m_context, [this] {
+    m_context->LoadMatrixTransform(m_transform->GetFontTransform());
+    DrawLines();
+  });
+}
+
+void CHeader3D::DrawLines() {
   double height = 1.0 - m_headerMargin;
   if (HasText(*m_title1)) {
     DrawLine(*m_title1, height, kTop);

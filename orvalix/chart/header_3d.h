@@ -82,6 +82,7 @@ class ORVALIX_API CHeader3D {
   static void RecordFields(Record& record, Self& self);
 
   void InitHeaderDefaults();
+  void DrawLines();
 
   COpenGL* m_context;     ///< not owned
   double m_headerMargin;  ///< distance of the outer lines from the edges, in normalised units

@@ -10,6 +10,7 @@
 #include "orvalix/foundation/colors.h"
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/kept_drawing_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/text_obj_3d.h"
 #include "orvalix/render/transform_3d.h"
@@ -202,6 +203,13 @@ void CLegend3D::DrawLegendTable() {
   const int entries = GetNumberActiveLegends();
   if (entries < 1 || m_context == nullptr) return;
   TransformLegend();
+  orvalix::DrawGathered(*m_context, [&] {
+    m_context->LoadMatrixTransform(m_transform->GetFontTransform());
+    DrawTable(entries);
+  });
+}
+
+void CLegend3D::DrawTable(int entries) {
   DrawSlab();
   m_context->SetPolygonOutlineMode(1);
   m_context->SetLineWidth3D(1.0);

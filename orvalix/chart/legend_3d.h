@@ -226,6 +226,7 @@ class ORVALIX_API CLegend3D {
   void InitDefaults();
   void Bind();
   void Place();
+  void DrawTable(int entries);
   void DrawSlab();
   void DrawEntries(Cell cell, int columns);
   void DrawTitle(CTextObj3D& text, double z);

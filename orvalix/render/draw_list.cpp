@@ -140,6 +140,10 @@ void DrawList::DrawFill(const FillCall& call) const {
     SetCapability(plane, state.isClipped != 0);
   }
   SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
+  if (state.isOneSided != 0) {
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
+  }
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
   glNormalPointer(GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, normal)));
@@ -159,6 +163,7 @@ void DrawList::DrawFill(const FillCall& call) const {
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);
   glDisable(GL_POLYGON_OFFSET_FILL);
+  if (state.isOneSided != 0) glDisable(GL_CULL_FACE);
 }
 
 void DrawList::DrawLines(const LineCall& call) const {

@@ -20,6 +20,7 @@ struct FillState {
   int isTextured;
   int isClipped;
   int isPushedBack;  ///< gives way to the lines on its edge
+  int isOneSided;    ///< shown only where it goes round counterclockwise on the screen
   int facing;        ///< index of the direction that closed solids show it to, or -1: every one
 
   bool operator==(const FillState&) const = default;

@@ -158,8 +158,13 @@ DrawSegment& DrawRecorder::SegmentFor(bool hasPlainFill) {
 }
 
 ChunkedArray<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
-  const FillState state{m_matrix.loaded,   m_state.isLit,   m_state.isTextured,
-                        m_state.isClipped, fill.isOutlined, facing};
+  const FillState state{.matrix = m_matrix.loaded,
+                        .isLit = m_state.isLit,
+                        .isTextured = m_state.isTextured,
+                        .isClipped = m_state.isClipped,
+                        .isPushedBack = fill.isOutlined,
+                        .isOneSided = fill.isOneSided,
+                        .facing = facing};
   std::vector<FillGroup>& groups = SegmentFor(fill.isOutlined == 0).fills;
   if (m_lastFill < groups.size() && groups[m_lastFill].state == state) {
     return groups[m_lastFill].indices;
@@ -333,6 +338,20 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
         continue;
       }
       AddEdge(edges, from, to, fill.outlineColor);
+    }
+  });
+}
+
+void DrawRecorder::AddTriangles(const std::vector<point3Dtype>& corners,
+                                const std::array<float, 3>& color) {
+  Try([&] {
+    if (corners.empty()) return;
+    constexpr std::array<float, 3> kNoNormal{};
+    const RecordedFill fill{
+        .color = color, .isOutlined = 0, .outlineColor = {}, .outlineWidth = 0.0F, .isOneSided = 1};
+    ChunkedArray<std::uint32_t>& indices = FillIndices(fill, -1);
+    for (const point3Dtype& corner : corners) {
+      indices.push_back(AddFillVertex(Moved(corner), kNoNormal, color, 0.0F));
     }
   });
 }

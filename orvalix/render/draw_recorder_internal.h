@@ -18,6 +18,7 @@ struct RecordedFill {
   int isOutlined;  ///< 0 or 1
   RGBDType outlineColor;
   float outlineWidth;  ///< pixels
+  int isOneSided = 0;  ///< as in FillState
 };
 
 /// How lines look.
@@ -58,6 +59,9 @@ class DrawRecorder {
   /// @param textures a texture coordinate for each point; null without a texture
   void AddPolygon(const point3Dtype* points, int n, const point3Dtype& normal,
                   const float* textures, const RecordedFill& fill);
+  /// Triangles without edges and normals, three corners each, counterclockwise; the other side of
+  /// them isn't shown.
+  void AddTriangles(const std::vector<point3Dtype>& corners, const std::array<float, 3>& color);
   /// The outline of a polygon alone: a line through its points.
   void AddFrame(const point3Dtype* points, int n, const RGBDType& color, float width);
   /// All faces of a solid of eight corners (kSolidFaces).

@@ -95,8 +95,13 @@ int CFont3D::RegisterFont(CString const& face, double scale, int weight, int ita
     std::vector<orvalix::GlyphSolid> solids;
     solids.reserve(glyphs.size());
     for (const orvalix::Glyph& glyph : glyphs) solids.push_back(orvalix::FillGlyph(glyph));
+    std::vector<std::vector<point3Dtype>> triangles(solids.size());
+    for (std::size_t i = 0; i < solids.size(); ++i) {
+      orvalix::AppendGlyphTriangles(solids[i], m_extrusion, triangles[i]);
+    }
     CString name = face;
     CompileLists(glyphs, solids);
+    m_triangles = std::move(triangles);
     m_faceName = std::move(name);
   } catch (const std::bad_alloc&) {
     return 0;
@@ -161,12 +166,28 @@ GLYPHMETRICSFLOAT CFont3D::GetGlyphMetrics(int code) const {
 }
 
 void CFont3D::DrawText3D(CString const& text) const {
+  // Lists that were built elsewhere are OpenGL's alone.
+  const bool isKnown = m_builtChars > 0 && m_listBase == m_builtListBase;
+  if (isKnown && m_context != nullptr && m_context->GathersTexts()) {
+    GatherText(text);
+    return;
+  }
   if (m_context != nullptr) m_context->SendGathered();
   glListBase(static_cast<GLuint>(m_listBase));
   glEnable(GL_CULL_FACE);
   glCullFace(GL_BACK);
   glCallLists(text.GetLength(), GL_UNSIGNED_BYTE, text.GetString());
   glDisable(GL_CULL_FACE);
+}
+
+void CFont3D::GatherText(CString const& text) const {
+  for (int i = 0; i < text.GetLength(); ++i) {
+    const std::size_t code = static_cast<unsigned char>(text[i]);
+    if (code >= m_triangles.size()) continue;
+    m_context->RecordTriangles(m_triangles[code]);
+    m_context->Translate3D(static_cast<double>(m_metrics[code].gmfCellIncX),
+                           static_cast<double>(m_metrics[code].gmfCellIncY), 0.0);
+  }
 }
 
 int CFont3D::RegisterFont(CString const& face, double scale, int weight, int italic, int numChars) {

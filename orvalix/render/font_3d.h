@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
 
 class COpenGL;
@@ -110,6 +111,7 @@ class ORVALIX_API CFont3D {
   void DescribeFont(CString const& face);
   void CompileLists(const std::vector<orvalix::Glyph>& glyphs,
                     const std::vector<orvalix::GlyphSolid>& solids);
+  void GatherText(CString const& text) const;
   const GLYPHMETRICSFLOAT& MetricsOf(char character) const;
 
   COpenGL* m_context;                            ///< not owned
@@ -120,15 +122,17 @@ class ORVALIX_API CFont3D {
   int m_listBase;                                ///< display list of character 0
   int m_builtListBase;                           ///< the same when the lists were built
   int m_builtChars;                              ///< lists that were built
-  int m_italic;                                  ///< last italic request
-  int m_underline;                               ///< last underline request
-  int m_weight;                                  ///< last weight request
-  int m_numChars;                                ///< character codes that have display lists
-  double m_extrusion;                            ///< depth of the characters
-  double m_rendering;                            ///< chordal deviation of flattened curves
-  double m_spareFactor;                          ///< stored and persisted only
-  double m_scaleFactor;                          ///< from glyph units to reported sizes
-  double m_requestedSize;                        ///< scale of the last RegisterFont()
+  /// The corners of each character's triangles, for texts that are gathered.
+  std::vector<std::vector<point3Dtype>> m_triangles;
+  int m_italic;            ///< last italic request
+  int m_underline;         ///< last underline request
+  int m_weight;            ///< last weight request
+  int m_numChars;          ///< character codes that have display lists
+  double m_extrusion;      ///< depth of the characters
+  double m_rendering;      ///< chordal deviation of flattened curves
+  double m_spareFactor;    ///< stored and persisted only
+  double m_scaleFactor;    ///< from glyph units to reported sizes
+  double m_requestedSize;  ///< scale of the last RegisterFont()
   CString m_faceName;
   int m_classTag;  ///< 1111 marks a live object
 };

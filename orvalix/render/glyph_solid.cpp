@@ -109,22 +109,28 @@ class TessellatorRun {
   std::vector<GlyphPoint> m_points;   ///< all that was received
 };
 
+/// A wall's corners, two triangles; it faces away from the area.
+std::array<point3Dtype, 6> Wall(const GlyphPoint& a, const GlyphPoint& b, double depth) {
+  const point3Dtype aBack{a.x, a.y, -depth, 0.0};
+  const point3Dtype bFront{b.x, b.y, 0.0, 0.0};
+  return {aBack, {b.x, b.y, -depth, 0.0}, bFront, aBack, bFront, {a.x, a.y, 0.0, 0.0}};
+}
+
+/// How far the back lies behind the front.
+double Depth(double extrusion) {
+  return extrusion > 0.0 && std::isfinite(static_cast<float>(extrusion)) ? extrusion : 0.0;
+}
+
 void SendFace(const std::vector<GlyphPoint>& triangles, double z) {
   for (const GlyphPoint& point : triangles) glVertex3d(point.x, point.y, z);
 }
 
-/// Walls, each facing away from the area.
-void SendWalls(const std::vector<GlyphPoint>& edges, double extrusion) {
+void SendWalls(const std::vector<GlyphPoint>& edges, double depth) {
   for (std::size_t i = 0; i + 1 < edges.size(); i += 2) {
     const GlyphPoint& a = edges[i];
     const GlyphPoint& b = edges[i + 1];
     glNormal3d(b.y - a.y, a.x - b.x, 0.0);
-    glVertex3d(a.x, a.y, -extrusion);
-    glVertex3d(b.x, b.y, -extrusion);
-    glVertex3d(b.x, b.y, 0.0);
-    glVertex3d(a.x, a.y, -extrusion);
-    glVertex3d(b.x, b.y, 0.0);
-    glVertex3d(a.x, a.y, 0.0);
+    for (const point3Dtype& corner : Wall(a, b, depth)) glVertex3d(corner.x, corner.y, corner.z);
   }
 }
 
@@ -142,11 +148,24 @@ void SendGlyphSolid(const GlyphSolid& solid, double extrusion) {
   glNormal3d(0.0, 0.0, 1.0);
   SendFace(solid.triangles, 0.0);
   glNormal3d(0.0, 0.0, -1.0);
-  const bool extruded = extrusion > 0.0 && std::isfinite(static_cast<float>(extrusion));
-  const double depth = extruded ? extrusion : 0.0;
+  const double depth = Depth(extrusion);
   SendFace({solid.triangles.rbegin(), solid.triangles.rend()}, -depth);
-  if (extruded) SendWalls(solid.edges, depth);
+  if (depth > 0.0) SendWalls(solid.edges, depth);
   glEnd();
+}
+
+void AppendGlyphTriangles(const GlyphSolid& solid, double extrusion,
+                          std::vector<point3Dtype>& corners) {
+  const double depth = Depth(extrusion);
+  for (const GlyphPoint& point : solid.triangles) corners.push_back({point.x, point.y, 0.0, 0.0});
+  std::for_each(solid.triangles.rbegin(), solid.triangles.rend(), [&](const GlyphPoint& point) {
+    corners.push_back({point.x, point.y, -depth, 0.0});
+  });
+  if (depth == 0.0) return;
+  for (std::size_t i = 0; i + 1 < solid.edges.size(); i += 2) {
+    const std::array<point3Dtype, 6> wall = Wall(solid.edges[i], solid.edges[i + 1], depth);
+    corners.insert(corners.end(), wall.begin(), wall.end());
+  }
 }
 
 }  // namespace orvalix

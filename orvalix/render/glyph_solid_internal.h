@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "orvalix/foundation/value_types.h"
 #include "orvalix/render/glyph_internal.h"
 
 namespace orvalix {
@@ -23,5 +24,10 @@ GlyphSolid FillGlyph(const Glyph& glyph);
 /// Sends a solid to OpenGL: its front face at z = 0, its back face at z = -extrusion and, where
 /// there is an extrusion, the walls between them, with normals that point outwards.
 void SendGlyphSolid(const GlyphSolid& solid, double extrusion);
+
+/// Appends the corners of the same solid's triangles, counterclockwise from outside.
+/// @throws std::bad_alloc
+void AppendGlyphTriangles(const GlyphSolid& solid, double extrusion,
+                          std::vector<point3Dtype>& corners);
 
 }  // namespace orvalix

@@ -41,7 +41,7 @@ class KeptDrawing {
     }
     m_list.reset();
     {
-      const COpenGL::Gathering gathering(context);
+      const COpenGL::Gathering gathering(context, false);
       draw();
     }
     if (context.HasFailedToGather()) {
@@ -58,6 +58,18 @@ class KeptDrawing {
     } catch (const std::bad_alloc&) {
       m_list.reset();
     }
+  }
+
+  /// Gathers what `draw` draws, texts too, for this once.
+  template <class Draw>
+  static void RunOnce(COpenGL& context, Draw draw) {
+    {
+      const COpenGL::Gathering gathering(context, true);
+      draw();
+    }
+    if (context.HasFailedToGather()) DrawOneByOne(context, draw);
+    COpenGL::DrawingState end;
+    context.TakeGathered(end);
   }
 
   template <class Draw>
@@ -102,6 +114,18 @@ void DrawKeeping(KeptDrawingSlot& slot, COpenGL& context, Shape shape, Draw draw
   }
   if (kept != nullptr) {
     kept->Run(context, std::move(numbers), draw);
+  } else {
+    KeptDrawing::DrawOneByOne(context, draw);
+  }
+}
+
+/// Draws what changes too often to be kept, such as texts: gathered, for this once. As with
+/// DrawKeeping(), `draw` loads a matrix first, and all matrices hold those of today: in front of
+/// texts that of CTransform3D::TextTransform().
+template <class Draw>
+void DrawGathered(COpenGL& context, Draw draw) {
+  if (KeptDrawing::CanGather(context)) {
+    KeptDrawing::RunOnce(context, draw);
   } else {
     KeptDrawing::DrawOneByOne(context, draw);
   }

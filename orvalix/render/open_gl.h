@@ -14,6 +14,8 @@
 
 class CDIBSection;
 class CFont3D;
+class CTextObj3D;
+class CTransform3D;
 
 namespace orvalix {
 class BufferPool;
@@ -387,6 +389,9 @@ class ORVALIX_API COpenGL {
   void UploadTexture(int size);
 
   friend class orvalix::KeptDrawing;
+  friend class CFont3D;
+  friend class CTextObj3D;
+  friend class CTransform3D;
   /// What drawing operations leave behind, and what they start from.
   struct DrawingState {
     RGBDType fillColor;
@@ -409,7 +414,8 @@ class ORVALIX_API COpenGL {
   /// Gathers what is drawn while it lives, then draws it.
   class Gathering {
    public:
-    explicit Gathering(COpenGL& context);
+    /// @param withTexts texts are gathered too; else the first one ends it
+    Gathering(COpenGL& context, bool withTexts);
     ~Gathering();
     Gathering(const Gathering&) = delete;
     Gathering& operator=(const Gathering&) = delete;
@@ -432,7 +438,9 @@ class ORVALIX_API COpenGL {
    private:
     COpenGL& m_context;
   };
-  void BeginGathering();
+  void BeginGathering(bool withTexts);
+  /// True while texts are being gathered: through matrices that are up to date.
+  bool GathersTexts() const { return m_recorder != nullptr && m_gathersTexts; }
   void EndGathering() noexcept;
   /// Nothing of what was gathered last could be drawn: memory ran out.
   bool HasFailedToGather() const { return m_hasFailedToGather; }
@@ -461,6 +469,8 @@ class ORVALIX_API COpenGL {
   orvalix::RecordedFill RecordedFillNow();
   orvalix::RecordedStroke RecordedStrokeNow();
   void RecordPolygon(const point3Dtype* points, int n);
+  /// Flat triangles in the current colour, three corners each.
+  void RecordTriangles(const std::vector<point3Dtype>& corners);
   void RecordSolid(const point3Dtype* corners);
   void RecordFrame(const point3Dtype* points, int n);
   void RecordLine(point3Dtype const& a, point3Dtype const& b);
@@ -511,6 +521,7 @@ class ORVALIX_API COpenGL {
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
   bool m_hidesFarSides;      ///< of closed solids: nothing else could show their inside
+  bool m_gathersTexts;       ///< while drawing is being gathered
   unsigned m_setSince;       ///< parts of the state that were set since gathering began
   unsigned m_inherited;      ///< parts that were used before
   bool m_hasFailedToGather;  ///< memory ran out, and nothing was drawn

@@ -31,7 +31,9 @@ void LoadMatrix(const double* loaded, const std::array<double, 16>& moved) {
 
 }  // namespace
 
-COpenGL::Gathering::Gathering(COpenGL& context) : m_context(context) { context.BeginGathering(); }
+COpenGL::Gathering::Gathering(COpenGL& context, bool withTexts) : m_context(context) {
+  context.BeginGathering(withTexts);
+}
 
 COpenGL::Gathering::~Gathering() { m_context.EndGathering(); }
 
@@ -56,7 +58,8 @@ bool COpenGL::CanGather() const {
          IsRendering();
 }
 
-void COpenGL::BeginGathering() {
+void COpenGL::BeginGathering(bool withTexts) {
+  m_gathersTexts = withTexts;
   m_gathered.reset();
   m_hasFailedToGather = false;
   m_setSince = 0;
@@ -204,6 +207,11 @@ void COpenGL::RecordPolygon(const point3Dtype* points, int n) {
   }
   m_recorder->AddPolygon(points, n, normal, textures, RecordedFillNow());
   if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
+}
+
+void COpenGL::RecordTriangles(const std::vector<point3Dtype>& corners) {
+  Inherit(kCurrentColor);
+  m_recorder->AddTriangles(corners, ToFloats(m_currentColor));
 }
 
 void COpenGL::RecordSolid(const point3Dtype* corners) {

@@ -178,7 +178,6 @@ void CTextObj3D::Transform() {
 
 void CTextObj3D::OutText() {
   if (!IsDrawn()) return;
-  m_context->SendGathered();
   m_transform->TextTransform();
   m_transform->NormalizePoint(m_location, m_normLocation);
   OutTextNorm();
@@ -190,12 +189,12 @@ void CTextObj3D::OutTextNorm() {
   CalcComplexAspectRatio(scale);
   if (!orvalix::IsPlaceable(m_normLocation) || !orvalix::IsPlaceable(scale)) return;
 
-  m_context->SendGathered();
+  if (!m_context->GathersTexts()) m_context->SendGathered();
   // The projection may still be the current matrix when a view draws its first text.
   m_context->SelectModelView();
   m_context->PushMatrix();
   m_transform->TextTransform();
-  glColor3f(1.0F, 1.0F, 1.0F);
+  if (!m_context->GathersTexts()) glColor3f(1.0F, 1.0F, 1.0F);
   const double unitsPerEm = m_font->GetFontScaleFactor();
   point3Dtype offset;
   calccharjust(offset, TextWidth() / unitsPerEm, TextHeight() / unitsPerEm);

@@ -267,6 +267,11 @@ void CTransform3D::ChartTransform() {
 
 void CTransform3D::TextTransform() {
   if (m_context == nullptr) return;
+  if (m_context->GathersTexts()) {
+    // Whoever gathers has brought it up to date.
+    MakeTextTransformCurrent();
+    return;
+  }
   m_context->SelectModelView();
   m_context->LoadIdentity();
   m_context->PushMatrix();
