@@ -20,7 +20,9 @@ void LoadMatrix(const double* matrix) {
 }
 
 unsigned MakeBuffer(GLenum target, std::size_t bytes) {
-  while (glGetError() != GL_NO_ERROR) {
+  // Errors of others, of which there are not many kinds.
+  constexpr int kMostErrors = 8;
+  for (int i = 0; i < kMostErrors && glGetError() != GL_NO_ERROR; ++i) {
   }
   unsigned buffer = 0;
   glGenBuffers(1, &buffer);
@@ -57,10 +59,18 @@ void PointTo(std::size_t at, int stride) { glVertexPointer(3, GL_FLOAT, stride, 
 void BufferPool::DeleteReturned() {
   if (m_returned.empty()) return;
   glDeleteBuffers(static_cast<GLsizei>(m_returned.size()), m_returned.data());
+  m_expected -= m_returned.size();
   m_returned.clear();
 }
 
-void BufferPool::GiveBack(unsigned buffer) { m_returned.push_back(buffer); }
+void BufferPool::Expect(std::size_t buffers) {
+  m_returned.reserve(m_expected + buffers);
+  m_expected += buffers;
+}
+
+void BufferPool::DontExpect(std::size_t buffers) noexcept { m_expected -= buffers; }
+
+void BufferPool::GiveBack(unsigned buffer) noexcept { m_returned.push_back(buffer); }
 
 DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geometry)
     : m_pool(pool), m_directions(geometry.directions), m_extents(geometry.extents) {
@@ -85,13 +95,16 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
       indices += group.indices.size();
     }
   }
-  m_vertexBuffer = MakeBuffer(GL_ARRAY_BUFFER,
-                              BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
-                                  BytesOf(geometry.fillTextures) + BytesOf(geometry.lineVertices));
+  constexpr std::size_t kBuffers = 2;
+  pool->Expect(kBuffers);
   try {
+    m_vertexBuffer = MakeBuffer(
+        GL_ARRAY_BUFFER, BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
+                             BytesOf(geometry.fillTextures) + BytesOf(geometry.lineVertices));
     m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
   } catch (const std::bad_alloc&) {
-    glDeleteBuffers(1, &m_vertexBuffer);
+    if (m_vertexBuffer != 0) glDeleteBuffers(1, &m_vertexBuffer);
+    pool->DontExpect(kBuffers);
     throw;
   }
   m_fillColorsAt = Fill(GL_ARRAY_BUFFER, 0, geometry.fillVertices);

@@ -106,10 +106,16 @@ class BufferPool {
 
   /// The context is current: deletes what was given back.
   void DeleteReturned();
-  void GiveBack(unsigned buffer);
+  /// Makes room for so many more to be given back.
+  /// @throws std::bad_alloc
+  void Expect(std::size_t buffers);
+  void DontExpect(std::size_t buffers) noexcept;
+  /// One of those that were expected.
+  void GiveBack(unsigned buffer) noexcept;
 
  private:
   std::vector<unsigned> m_returned;
+  std::size_t m_expected = 0;  ///< given back or yet to come
 };
 
 /// Geometry in OpenGL's buffers.
