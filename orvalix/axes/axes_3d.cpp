@@ -148,10 +148,7 @@ void CAxes3D::DrawAxes() {
         }
       });
   m_transform->TextTransform();
-  orvalix::DrawGathered(*m_context, [this] {
-    m_context->LoadMatrixTransform(m_transform->GetFontTransform());
-    DrawLabels();
-  });
+  orvalix::DrawGathered(*m_context, m_transform->GetFontTransform(), [this] { DrawLabels(); });
 }
 
 void CAxes3D::DrawAxisLines() {

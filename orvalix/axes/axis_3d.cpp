@@ -325,6 +325,8 @@ void CAxis3D::AppendShape(std::vector<double>& numbers) const {
   orvalix::RecordShape shape(nSelfID);
   RecordFields(shape, *this);
   numbers.insert(numbers.end(), shape.numbers.begin(), shape.numbers.end());
+  numbers.push_back(IsDrawn() ? 1.0 : 0.0);
+  if (m_transform != nullptr) m_transform->AppendShape(numbers);
 }
 
 void CAxis3D::Save(void* file) const {

@@ -203,10 +203,7 @@ void CLegend3D::DrawLegendTable() {
   const int entries = GetNumberActiveLegends();
   if (entries < 1 || m_context == nullptr) return;
   TransformLegend();
-  orvalix::DrawGathered(*m_context, [&] {
-    m_context->LoadMatrixTransform(m_transform->GetFontTransform());
-    DrawTable(entries);
-  });
+  orvalix::DrawGathered(*m_context, m_transform->GetFontTransform(), [&] { DrawTable(entries); });
 }
 
 void CLegend3D::DrawTable(int entries) {

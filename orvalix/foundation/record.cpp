@@ -151,6 +151,8 @@ void RecordReader::Get(CString& value) {
 
 std::vector<CString> RecordReader::TakeTexts(std::int64_t count) {
   RequireRoom(count, sizeof(int));
+  const bool isKnown = m_source->BytesLeft() != RecordSource::kUnknownLength;
+  if (!isKnown && count > kMostOfUnknownLength) ThrowEnd();
   std::vector<CString> texts;
   for (std::int64_t i = 0; i < count; ++i) {
     CString text;

@@ -11,12 +11,12 @@
 namespace orvalix {
 
 /// A file that takes the place of the one of its name when it is complete: it is written beside
-/// that one, in the same folder and with the same permissions. Until Commit() the file before stays
-/// as it was, and stays so for good when there is no Commit().
+/// that one, in the same folder and with the same group and permissions. Until Commit() the file
+/// before stays as it was, and stays so for good when there is no Commit().
 ///
-/// Devices, files with further names, files of another owner, and files in folders that take no new
-/// ones can't be replaced: these are emptied and written in place. What the
-/// system holds back when its power fails is its own.
+/// Devices and pipes, files with further names, with an access list or of another owner, and files
+/// in folders that take no new ones can't be replaced: these are emptied and written in place. What
+/// the system holds back when its power fails is its own.
 class FileReplacement {
  public:
   FileReplacement() = default;
@@ -36,8 +36,10 @@ class FileReplacement {
   void Commit();
 
  private:
+  bool OpenBesideOrInPlace(const char* fileName);
   /// @param before what is to be replaced; null when there is nothing
-  bool OpenBeside(const std::string& target, const struct stat* before);
+  /// @return 0, or why the system refuses
+  int OpenBeside(const std::string& target, const struct stat* before);
 
   CFile m_file;
   std::string m_target;     ///< where the file goes

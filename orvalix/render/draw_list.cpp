@@ -20,16 +20,14 @@ void LoadMatrix(const double* matrix) {
 }
 
 unsigned MakeBuffer(GLenum target, std::size_t bytes) {
-  // Errors of others, of which there are not many kinds.
-  constexpr int kMostErrors = 8;
-  for (int i = 0; i < kMostErrors && glGetError() != GL_NO_ERROR; ++i) {
-  }
   unsigned buffer = 0;
   glGenBuffers(1, &buffer);
   glBindBuffer(target, buffer);
-  glBufferData(target, static_cast<GLsizeiptr>(std::max<std::size_t>(bytes, 1)), nullptr,
-               GL_STATIC_DRAW);
-  if (glGetError() == GL_NO_ERROR) return buffer;
+  glBufferData(target, static_cast<GLsizeiptr>(bytes), nullptr, GL_STATIC_DRAW);
+  // OpenGL has as many bytes or none.
+  GLint64 made = 0;
+  glGetBufferParameteri64v(target, GL_BUFFER_SIZE, &made);
+  if (static_cast<std::size_t>(made) == bytes) return buffer;
   glDeleteBuffers(1, &buffer);
   throw std::bad_alloc();
 }
@@ -49,6 +47,48 @@ template <class T>
 std::size_t BytesOf(const ChunkedArray<T>& elements) {
   return elements.size() * sizeof(T);
 }
+
+/// Keeps the program's arrays, and which buffers it has bound, while this lives; none of its arrays
+/// is on meanwhile.
+class OwnArrays {
+ public:
+  OwnArrays() {
+    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    glClientActiveTexture(GL_TEXTURE0);
+    for (const int array :
+         {GL_NORMAL_ARRAY, GL_COLOR_ARRAY, GL_TEXTURE_COORD_ARRAY, GL_EDGE_FLAG_ARRAY,
+          GL_INDEX_ARRAY, GL_SECONDARY_COLOR_ARRAY, GL_FOG_COORD_ARRAY}) {
+      glDisableClientState(static_cast<GLenum>(array));
+    }
+  }
+  ~OwnArrays() { glPopClientAttrib(); }
+  OwnArrays(const OwnArrays&) = delete;
+  OwnArrays& operator=(const OwnArrays&) = delete;
+};
+
+/// Clip planes as a call needs them, where that isn't as they were at first.
+class Clipping {
+ public:
+  Clipping(int isWanted, int isAtFirst)
+      : m_isChanged(isWanted != isAtFirst), m_isAtFirst(isAtFirst) {
+    if (m_isChanged) Switch(isWanted);
+  }
+  ~Clipping() {
+    if (m_isChanged) Switch(m_isAtFirst);
+  }
+  Clipping(const Clipping&) = delete;
+  Clipping& operator=(const Clipping&) = delete;
+
+ private:
+  static void Switch(int on) {
+    for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
+      SetCapability(plane, on != 0);
+    }
+  }
+
+  bool m_isChanged;
+  int m_isAtFirst;
+};
 
 const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
 
@@ -95,6 +135,8 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
       indices += group.indices.size();
     }
   }
+  m_isClippedAtFirst = geometry.isClippedAtFirst;
+  const OwnArrays arrays;
   constexpr std::size_t kBuffers = 2;
   pool->Expect(kBuffers);
   try {
@@ -122,8 +164,6 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
       at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
     }
   }
-  glBindBuffer(GL_ARRAY_BUFFER, 0);
-  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
 }
 
 DrawList::~DrawList() {
@@ -149,9 +189,6 @@ void DrawList::DrawFill(const FillCall& call) const {
     SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
   }
   SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
-  for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
-    SetCapability(plane, state.isClipped != 0);
-  }
   SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
   if (state.isOneSided != 0) {
     glEnable(GL_CULL_FACE);
@@ -185,9 +222,6 @@ void DrawList::DrawLines(const LineCall& call) const {
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL, GL_TEXTURE_1D}) {
     glDisable(static_cast<GLenum>(capability));
   }
-  for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
-    SetCapability(plane, state.isClipped != 0);
-  }
   if (state.width > 0.0F) glLineWidth(state.width);
   const bool isStippled = state.stipple != kSolidLine;
   if (isStippled) {
@@ -217,30 +251,31 @@ void DrawList::DrawLines(const LineCall& call) const {
 }
 
 void DrawList::Draw() const {
-  std::vector<bool> isHidden;
-  isHidden.reserve(m_directions.size());
-  for (const FacingDirection& direction : m_directions) isHidden.push_back(IsHidden(direction));
-  const auto hides = [&](int facing, int isClipped) {
-    return facing >= 0 && isClipped == 0 && isHidden[static_cast<std::size_t>(facing)];
+  std::array<bool, kMostDirections> isHidden{};
+  if (!IsCutAnywhere()) {
+    std::transform(m_directions.begin(), m_directions.end(), isHidden.begin(),
+                   [this](const FacingDirection& direction) { return IsHidden(direction); });
+  }
+  const auto hides = [&](int facing) {
+    return facing >= 0 && isHidden[static_cast<std::size_t>(facing)];
   };
-  glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+  const OwnArrays arrays;
   glBindBuffer(GL_ARRAY_BUFFER, m_vertexBuffer);
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_indexBuffer);
   glEnableClientState(GL_VERTEX_ARRAY);
   glPolygonMode(GL_FRONT, GL_FILL);
   for (const Segment& segment : m_segments) {
     for (const FillCall& call : segment.fills) {
-      if (!hides(call.state.facing, call.state.isClipped)) DrawFill(call);
+      if (hides(call.state.facing)) continue;
+      const Clipping clipping(call.state.isClipped, m_isClippedAtFirst);
+      DrawFill(call);
     }
     for (const LineCall& call : segment.lines) {
-      const bool isHiddenEdge = hides(call.state.facing, call.state.isClipped) &&
-                                hides(call.state.otherFacing, call.state.isClipped);
-      if (!isHiddenEdge) DrawLines(call);
+      if (hides(call.state.facing) && hides(call.state.otherFacing)) continue;
+      const Clipping clipping(call.state.isClipped, m_isClippedAtFirst);
+      DrawLines(call);
     }
   }
-  glPopClientAttrib();
-  glBindBuffer(GL_ARRAY_BUFFER, 0);
-  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
 }
 
 }  // namespace orvalix

@@ -34,6 +34,7 @@ struct LineState {
   int stippleFactor;
   int isClipped;
   int isStrip;      ///< 1: each line ends where the next one begins, and the stipple goes on
+  int isStroke;     ///< 1: a line of its own, which keeps its place among others; 0: of a face
   int isEdge;       ///< 1: between vertices of faces, in `color`; 0: between vertices of their own
   RGBDType color;   ///< of edges
   int facing;       ///< of the faces on both sides of an edge, as in FillState
@@ -84,8 +85,12 @@ struct SolidExtent {
   std::array<double, 3> high;
 };
 
+/// Directions of closed solids that are told apart; any further one counts as always seen.
+inline constexpr std::size_t kMostDirections = 32;
+
 /// What was gathered, in memory.
 struct GatheredGeometry {
+  int isClippedAtFirst = 0;  ///< 1 when clip planes were on where gathering began
   std::vector<DrawSegment> segments;
   ChunkedArray<FillVertex> fillVertices;
   GatheredColor fillColor{};               ///< of all fill vertices, while `fillColors` is empty
@@ -163,6 +168,7 @@ class DrawList {
   std::vector<Segment> m_segments;
   std::vector<FacingDirection> m_directions;
   std::vector<SolidExtent> m_extents;
+  int m_isClippedAtFirst = 0;
   GatheredColor m_fillColor{};
   bool m_hasFillColors = false;  ///< each fill vertex has its own
   /// Offsets in the vertex buffer, behind the fill vertices.

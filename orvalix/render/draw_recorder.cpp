@@ -18,8 +18,6 @@ constexpr unsigned short kSolidLine = 0xFFFF;
 /// Edges that are remembered to be drawn once: more than two rows of a large grid have.
 constexpr std::size_t kRecentEdges = std::size_t{1} << 16;
 
-/// Directions of closed solids that are told apart; any further one counts as always seen.
-constexpr std::size_t kMostDirections = 32;
 constexpr double kSameDirection = 1e-6;
 
 double Dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
@@ -62,8 +60,9 @@ std::size_t Hash(const std::array<std::array<float, 3>, 2>& ends) {
 bool LineState::operator==(const LineState& other) const {
   return matrix == other.matrix && width == other.width && stipple == other.stipple &&
          stippleFactor == other.stippleFactor && isClipped == other.isClipped &&
-         isStrip == other.isStrip && isEdge == other.isEdge && IsSameColor(color, other.color) &&
-         facing == other.facing && otherFacing == other.otherFacing;
+         isStrip == other.isStrip && isStroke == other.isStroke && isEdge == other.isEdge &&
+         IsSameColor(color, other.color) && facing == other.facing &&
+         otherFacing == other.otherFacing;
 }
 
 template <class Work>
@@ -179,10 +178,18 @@ ChunkedArray<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill,
 std::size_t DrawRecorder::LineGroupFor(const LineState& state) {
   std::vector<LineGroup>& groups = SegmentFor(false).lines;
   if (m_lastLine < groups.size() && groups[m_lastLine].state == state) return m_lastLine;
-  const auto found = std::find_if(groups.begin(), groups.end(),
-                                  [&](const LineGroup& group) { return group.state == state; });
-  m_lastLine = static_cast<std::size_t>(found - groups.begin());
-  if (found == groups.end()) groups.push_back({state, {}, {}});
+  // Of strokes that may lie on each other the later one is seen: only the last group goes on.
+  const auto ends = [&](const LineGroup& group) {
+    return group.state == state ||
+           (state.isStroke != 0 && group.state.isStroke != 0 && group.state.matrix == state.matrix);
+  };
+  const auto last = std::find_if(groups.rbegin(), groups.rend(), ends);
+  if (last != groups.rend() && last->state == state) {
+    m_lastLine = static_cast<std::size_t>(groups.rend() - last) - 1;
+  } else {
+    m_lastLine = groups.size();
+    groups.push_back({state, {}, {}});
+  }
   return m_lastLine;
 }
 
@@ -197,6 +204,7 @@ std::size_t DrawRecorder::EdgeGroupFor(const RecordedFill& fill, int facing, int
                        .stippleFactor = 1,
                        .isClipped = m_state.isClipped,
                        .isStrip = 0,
+                       .isStroke = 0,
                        .isEdge = m_hasManyEdgeColors ? 0 : 1,
                        .color = m_hasManyEdgeColors ? RGBDType{} : m_edgeColor,
                        .facing = std::min(facing, otherFacing),
@@ -210,6 +218,7 @@ LineState DrawRecorder::StrokeState(const RecordedStroke& stroke, int isStrip) c
           .stippleFactor = stroke.stippleFactor,
           .isClipped = m_state.isClipped,
           .isStrip = isStrip,
+          .isStroke = 1,
           .isEdge = 0,
           .color = {},
           .facing = -1,

@@ -42,7 +42,9 @@ class DrawRecorder {
     int isTextured = 0;
     int isClipped = 0;
   };
-  explicit DrawRecorder(const State& state) : m_state(state) {}
+  explicit DrawRecorder(const State& state) : m_state(state) {
+    m_geometry.isClippedAtFirst = state.isClipped;
+  }
 
   State& GetState() { return m_state; }
 

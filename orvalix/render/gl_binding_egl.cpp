@@ -224,6 +224,10 @@ bool GLBinding::MakeCurrent() {
   return false;
 }
 
+bool GLBinding::IsCurrent() const {
+  return HasContext() && eglGetCurrentContext() == m_platform->context;
+}
+
 void GLBinding::MakeNonCurrent() {
   if (m_platform->display.display == EGL_NO_DISPLAY) return;
   eglBindAPI(EGL_OPENGL_API);

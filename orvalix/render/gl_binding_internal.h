@@ -41,6 +41,8 @@ class GLBinding {
   /// Makes the context current on this thread, or none when it was deleted or can't be current.
   /// @return true when it is current
   bool MakeCurrent();
+  /// True while the context is current on this thread.
+  bool IsCurrent() const;
   /// Leaves this thread without a current context.
   void MakeNonCurrent();
   /// Waits for the drawing and copies the lower left `width` x `height` pixels, as far as they

@@ -41,10 +41,11 @@ class KeptDrawing {
     }
     m_list.reset();
     {
-      const COpenGL::Gathering gathering(context, false);
+      const COpenGL::Gathering gathering(context, nullptr);
       draw();
     }
     if (context.HasFailedToGather()) {
+      context.SetDrawingState(start);
       DrawOneByOne(context, draw);
       return;
     }
@@ -62,12 +63,16 @@ class KeptDrawing {
 
   /// Gathers what `draw` draws, texts too, for this once.
   template <class Draw>
-  static void RunOnce(COpenGL& context, Draw draw) {
+  static void RunOnce(COpenGL& context, const double* textMatrix, Draw draw) {
+    const COpenGL::DrawingState start = context.GetDrawingState();
     {
-      const COpenGL::Gathering gathering(context, true);
+      const COpenGL::Gathering gathering(context, textMatrix);
       draw();
     }
-    if (context.HasFailedToGather()) DrawOneByOne(context, draw);
+    if (context.HasFailedToGather()) {
+      context.SetDrawingState(start);
+      DrawOneByOne(context, draw);
+    }
     COpenGL::DrawingState end;
     context.TakeGathered(end);
   }
@@ -119,15 +124,19 @@ void DrawKeeping(KeptDrawingSlot& slot, COpenGL& context, Shape shape, Draw draw
   }
 }
 
-/// Draws what changes too often to be kept, such as texts: gathered, for this once. As with
-/// DrawKeeping(), `draw` loads a matrix first, and all matrices hold those of today: in front of
-/// texts that of CTransform3D::TextTransform().
+/// Draws what changes too often to be kept, such as texts: gathered, for this once.
+/// @param textMatrix the matrix that CTransform3D::TextTransform() has just captured; loaded first.
+///   What is drawn through any other one is drawn one by one.
 template <class Draw>
-void DrawGathered(COpenGL& context, Draw draw) {
+void DrawGathered(COpenGL& context, const double* textMatrix, Draw draw) {
+  const auto drawThrough = [&] {
+    context.LoadMatrixTransform(textMatrix);
+    draw();
+  };
   if (KeptDrawing::CanGather(context)) {
-    KeptDrawing::RunOnce(context, draw);
+    KeptDrawing::RunOnce(context, textMatrix, drawThrough);
   } else {
-    KeptDrawing::DrawOneByOne(context, draw);
+    KeptDrawing::DrawOneByOne(context, drawThrough);
   }
 }
 

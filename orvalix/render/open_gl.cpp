@@ -45,6 +45,7 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_gathering(1),
       m_hidesFarSides(false),
       m_gathersTexts(false),
+      m_textMatrix(nullptr),
       m_setSince(0),
       m_inherited(0),
       m_hasFailedToGather(false),

@@ -414,8 +414,8 @@ class ORVALIX_API COpenGL {
   /// Gathers what is drawn while it lives, then draws it.
   class Gathering {
    public:
-    /// @param withTexts texts are gathered too; else the first one ends it
-    Gathering(COpenGL& context, bool withTexts);
+    /// @param textMatrix through which texts are gathered too; null: the first one ends it
+    Gathering(COpenGL& context, const double* textMatrix);
     ~Gathering();
     Gathering(const Gathering&) = delete;
     Gathering& operator=(const Gathering&) = delete;
@@ -438,9 +438,13 @@ class ORVALIX_API COpenGL {
    private:
     COpenGL& m_context;
   };
-  void BeginGathering(bool withTexts);
-  /// True while texts are being gathered: through matrices that are up to date.
+  void BeginGathering(const double* textMatrix);
+  /// True while texts are being gathered.
   bool GathersTexts() const { return m_recorder != nullptr && m_gathersTexts; }
+  /// True while texts are being gathered through that matrix, which is up to date.
+  bool GathersTextsThrough(const double* matrix) const {
+    return GathersTexts() && matrix == m_textMatrix;
+  }
   void EndGathering() noexcept;
   /// Nothing of what was gathered last could be drawn: memory ran out.
   bool HasFailedToGather() const { return m_hasFailedToGather; }
@@ -464,7 +468,9 @@ class ORVALIX_API COpenGL {
   void Inherit(unsigned parts) { m_inherited |= parts & ~m_setSince; }
   DrawingState GetDrawingState() const;
   /// Makes OpenGL's state that of this object.
-  void RestoreState(const DrawingState& state);
+  /// @param isClippedAtFirst what clip planes are now
+  void RestoreState(const DrawingState& state, int isClippedAtFirst);
+  void SetDrawingState(const DrawingState& state);
   /// What follows from the state for a polygon or line that is gathered now.
   orvalix::RecordedFill RecordedFillNow();
   orvalix::RecordedStroke RecordedStrokeNow();
@@ -520,11 +526,12 @@ class ORVALIX_API COpenGL {
   float m_sentLineWidth;                          ///< pixels, as last sent to OpenGL
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
-  bool m_hidesFarSides;      ///< of closed solids: nothing else could show their inside
-  bool m_gathersTexts;       ///< while drawing is being gathered
-  unsigned m_setSince;       ///< parts of the state that were set since gathering began
-  unsigned m_inherited;      ///< parts that were used before
-  bool m_hasFailedToGather;  ///< memory ran out, and nothing was drawn
+  bool m_hidesFarSides;        ///< of closed solids: nothing else could show their inside
+  bool m_gathersTexts;         ///< while drawing is being gathered
+  const double* m_textMatrix;  ///< through which texts are gathered
+  unsigned m_setSince;         ///< parts of the state that were set since gathering began
+  unsigned m_inherited;        ///< parts that were used before
+  bool m_hasFailedToGather;    ///< memory ran out, and nothing was drawn
   std::unique_ptr<orvalix::DrawRecorder> m_recorder;  ///< null unless drawing is being gathered
   std::unique_ptr<orvalix::DrawList> m_gathered;      ///< as a whole, until it is taken
   DrawingState m_gatheredEnd;                         ///< the state after it

@@ -6,8 +6,10 @@
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/draw_recorder_internal.h"
 #include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/gl_binding_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/placeable_internal.h"
+#include "orvalix/render/view_direction_internal.h"
 
 // How drawing operations are gathered, and how what was gathered is drawn.
 
@@ -31,8 +33,8 @@ void LoadMatrix(const double* loaded, const std::array<double, 16>& moved) {
 
 }  // namespace
 
-COpenGL::Gathering::Gathering(COpenGL& context, bool withTexts) : m_context(context) {
-  context.BeginGathering(withTexts);
+COpenGL::Gathering::Gathering(COpenGL& context, const double* textMatrix) : m_context(context) {
+  context.BeginGathering(textMatrix);
 }
 
 COpenGL::Gathering::~Gathering() { m_context.EndGathering(); }
@@ -42,7 +44,7 @@ void COpenGL::SetGathering(int flag) { m_gathering = flag; }
 int COpenGL::GetGathering() const { return m_gathering; }
 
 COpenGL::HidingFarSides::HidingFarSides(COpenGL& context) : m_context(context) {
-  context.m_hidesFarSides = context.IsRendering() && context.m_clippingEnabled == 0;
+  context.m_hidesFarSides = context.IsRendering() && !orvalix::IsCutAnywhere();
 }
 
 COpenGL::HidingFarSides::~HidingFarSides() { m_context.m_hidesFarSides = false; }
@@ -55,11 +57,13 @@ bool COpenGL::IsRendering() const {
 
 bool COpenGL::CanGather() const {
   return m_gathering != 0 && m_recorder == nullptr && !m_lineIsOpen && m_buffers != nullptr &&
-         IsRendering();
+         m_binding->IsCurrent() && IsRendering();
 }
 
-void COpenGL::BeginGathering(bool withTexts) {
-  m_gathersTexts = withTexts;
+void COpenGL::BeginGathering(const double* textMatrix) {
+  m_gathersTexts = textMatrix != nullptr;
+  m_textMatrix = textMatrix;
+  m_buffers->DeleteReturned();
   m_gathered.reset();
   m_hasFailedToGather = false;
   m_setSince = 0;
@@ -87,7 +91,7 @@ void COpenGL::EndGathering() noexcept {
     m_gathered.reset();
   }
   m_hasFailedToGather = m_gathered == nullptr;
-  RestoreState(m_gatheredEnd);
+  RestoreState(m_gatheredEnd, recorder->Geometry().isClippedAtFirst);
 }
 
 void COpenGL::SendGathered() {
@@ -102,7 +106,7 @@ void COpenGL::SendGathered() {
     LoadMatrix(saved.loaded, saved.moved);
     glPushMatrix();
   }
-  RestoreState(state);
+  RestoreState(state, recorder->Geometry().isClippedAtFirst);
   if (m_lineIsOpen) {
     // What interrupts a line in OpenGL ends it.
     m_lineIsOpen = false;
@@ -119,6 +123,11 @@ bool COpenGL::Owns(const orvalix::DrawList& list) const { return list.IsOf(m_buf
 
 void COpenGL::DrawKept(const orvalix::DrawList& list, const DrawingState& end) {
   list.Draw();
+  SetDrawingState(end);
+}
+
+void COpenGL::SetDrawingState(const DrawingState& end) {
+  const int isClippedAtFirst = m_clippingEnabled;
   m_fillColor = end.fillColor;
   m_fillColor2 = end.fillColor2;
   m_outlineColor = end.outlineColor;
@@ -133,7 +142,7 @@ void COpenGL::DrawKept(const orvalix::DrawList& list, const DrawingState& end) {
   m_clippingEnabled = end.clippingEnabled;
   m_lineWidth = end.lineWidth;
   m_sentLineWidth = end.sentLineWidth;
-  RestoreState(end);
+  RestoreState(end, isClippedAtFirst);
 }
 
 COpenGL::DrawingState COpenGL::GetDrawingState() const {
@@ -160,11 +169,11 @@ COpenGL::DrawingState COpenGL::GetDrawingState() const {
   return state;
 }
 
-void COpenGL::RestoreState(const DrawingState& state) {
+void COpenGL::RestoreState(const DrawingState& state, int isClippedAtFirst) {
   LoadMatrix(state.loadedMatrix, state.movedSince);
   SetColorMode(state.colorMode);
   EnableTexture(state.textureEnabled);
-  EnableClipping(state.clippingEnabled);
+  if (state.clippingEnabled != isClippedAtFirst) EnableClipping(state.clippingEnabled);
   SendColor(state.currentColor);
   glLineWidth(state.sentLineWidth);
   SendStipple(state.lineStyle);

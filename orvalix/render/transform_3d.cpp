@@ -267,11 +267,12 @@ void CTransform3D::ChartTransform() {
 
 void CTransform3D::TextTransform() {
   if (m_context == nullptr) return;
-  if (m_context->GathersTexts()) {
+  if (m_context->GathersTextsThrough(m_fontTransform.data())) {
     // Whoever gathers has brought it up to date.
     MakeTextTransformCurrent();
     return;
   }
+  m_context->SendGathered();
   m_context->SelectModelView();
   m_context->LoadIdentity();
   m_context->PushMatrix();

@@ -32,6 +32,13 @@ std::array<double, 16> ToClipSpace() {
   return product;
 }
 
+bool IsCutAnywhere() {
+  for (GLenum plane = GL_CLIP_PLANE0; plane <= GL_CLIP_PLANE5; ++plane) {
+    if (glIsEnabled(plane) == GL_TRUE) return true;
+  }
+  return false;
+}
+
 bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal,
                const std::array<double, 3>& low, const std::array<double, 3>& high) {
   const bool isParallel = m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] == 1.0;

@@ -174,6 +174,38 @@ TEST_F(FileReplacing, FilesInFoldersThatTakeNoNewOnesAreWrittenInPlace) {
   });
 }
 
+TEST_F(FileReplacing, FilesLeftBehindByOthersAreLeftAlone) {
+  Put("a", "before");
+  const std::string prefix = ".orvalix-" + std::to_string(::getpid()) + "-";
+  // Whatever number comes next.
+  constexpr int kLeftBehind = 60;
+  for (int i = 0; i < kLeftBehind; ++i) Put(prefix + std::to_string(i) + ".tmp", "of another");
+  FileReplacement replacement;
+  ASSERT_TRUE(replacement.Open(Path("a").c_str()));
+  replacement.File().Write("after", 5);
+  EXPECT_EQ(Text("a"), "before");
+  replacement.Commit();
+  EXPECT_EQ(Text("a"), "after");
+  EXPECT_EQ(FilesInFolder(), kLeftBehind + 1);
+  EXPECT_EQ(Text(prefix + "0.tmp"), "of another");
+}
+
+TEST_F(FileReplacing, PipesAreRefusedWithoutBeingTouched) {
+  ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(Replace(Path("pipe"), "text"));
+  EXPECT_TRUE(fs::is_fifo(Path("pipe")));
+}
+
+TEST_F(FileReplacing, NewFilesOfSecretOnesAreSecretFromTheStart) {
+  Put("a", "before");
+  ASSERT_EQ(::chmod(Path("a").c_str(), 0600), 0);
+  FileReplacement replacement;
+  ASSERT_TRUE(replacement.Open(Path("a").c_str()));
+  for (const fs::directory_entry& entry : fs::directory_iterator(m_folder)) {
+    EXPECT_EQ(entry.status().permissions(), fs::perms{0600}) << entry.path();
+  }
+}
+
 TEST_F(FileReplacing, AFileThatCannotBeMovedIsAnError) {
   FileReplacement replacement;
   ASSERT_TRUE(replacement.Open(Path("a").c_str()));
