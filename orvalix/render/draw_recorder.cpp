@@ -384,11 +384,13 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
     std::array<point3Dtype, 8> moved;
     for (std::size_t i = 0; i < moved.size(); ++i) moved[i] = Moved(corners[i]);
     const SolidSides sides = FindSides(moved);
-    if (sides.isClosed) Extend(moved);
+    // Clip planes open solids: what they show inside is a matter of the order too.
+    const bool canHide = sides.isClosed && m_state.isClipped == 0;
+    if (canHide) Extend(moved);
     std::array<int, 6> facing{};
     std::array<std::uint32_t, 6> first{};
     for (std::size_t i = 0; i < kSolidFaces.size(); ++i) {
-      const bool isKnown = sides.isClosed && !sides.hasNoArea[i];
+      const bool isKnown = canHide && !sides.hasNoArea[i];
       facing[i] = isKnown ? DirectionOf(sides.outward[i]) : -1;
       const std::array<std::size_t, 4>& face = kSolidFaces[i].corners;
       point3Dtype normal;

@@ -15,8 +15,16 @@ KeptDrawingSlot::KeptDrawingSlot() noexcept = default;
 
 KeptDrawingSlot::KeptDrawingSlot(const KeptDrawingSlot&) noexcept {}
 
+KeptDrawingSlot::KeptDrawingSlot(KeptDrawingSlot&& source) noexcept { source.Forget(); }
+
 KeptDrawingSlot& KeptDrawingSlot::operator=(const KeptDrawingSlot&) noexcept {
   Forget();
+  return *this;
+}
+
+KeptDrawingSlot& KeptDrawingSlot::operator=(KeptDrawingSlot&& source) noexcept {
+  Forget();
+  source.Forget();
   return *this;
 }
 

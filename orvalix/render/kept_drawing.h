@@ -8,12 +8,15 @@ namespace orvalix {
 
 class KeptDrawing;
 
-/// Holds the drawing of an object, once there is one. Copies of the object have none.
+/// Holds the drawing of an object, once there is one. Copies of the object have none, and one whose
+/// contents were moved away has none any more.
 class KeptDrawingSlot {
  public:
   KeptDrawingSlot() noexcept;
   KeptDrawingSlot(const KeptDrawingSlot&) noexcept;
+  KeptDrawingSlot(KeptDrawingSlot&& source) noexcept;
   KeptDrawingSlot& operator=(const KeptDrawingSlot&) noexcept;
+  KeptDrawingSlot& operator=(KeptDrawingSlot&& source) noexcept;
   ~KeptDrawingSlot();
 
   /// What shapes the object has changed.

@@ -22,6 +22,8 @@ void COpenGL::SendStipple(int style) { glLineStipple(m_lineStyleFactor, StippleO
 void COpenGL::SendVertex(point3Dtype const& point) { glVertex3d(point.x, point.y, point.z); }
 
 void COpenGL::BeginLine() {
+  // A line has a colour of its own, not that of the vertex that was coloured by value last.
+  if (m_textureEnabled != 0) glDisable(GL_TEXTURE_1D);
   glEnable(GL_LINE_STIPPLE);
   m_savedColorMode = m_colorMode;
   SetColorMode(0);
@@ -33,6 +35,7 @@ void COpenGL::BeginLine() {
 void COpenGL::EndLine() {
   glDisable(GL_LINE_STIPPLE);
   SetColorMode(m_savedColorMode);
+  if (m_textureEnabled != 0) glEnable(GL_TEXTURE_1D);
 }
 
 void COpenGL::LineAbs3D(point3Dtype const& a, point3Dtype const& b) {

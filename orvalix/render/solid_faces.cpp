@@ -31,6 +31,15 @@ point3Dtype CentreOf(const std::array<point3Dtype, 8>& corners) {
   return centre;
 }
 
+/// True when the two faces that show something look in opposite directions.
+bool AreOpposite(const SolidSides& sides) {
+  const auto first = std::find(sides.hasNoArea.begin(), sides.hasNoArea.end(), false);
+  const auto second = std::find(first + 1, sides.hasNoArea.end(), false);
+  const Vector& a = sides.outward[static_cast<std::size_t>(first - sides.hasNoArea.begin())];
+  const Vector& b = sides.outward[static_cast<std::size_t>(second - sides.hasNoArea.begin())];
+  return Dot(a, b) < -1.0 + kPlanar;
+}
+
 }  // namespace
 
 SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
@@ -44,6 +53,7 @@ SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
   SolidSides sides;
   int insideOut = 0;
   int faces = 0;
+  int flatFaces = 0;
   for (std::size_t i = 0; i < kSolidFaces.size(); ++i) {
     const std::array<std::size_t, 4>& face = kSolidFaces[i].corners;
     // Across the diagonals: defined for a triangle too.
@@ -54,9 +64,11 @@ SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
     if (sides.hasNoArea[i]) continue;
     for (double& number : normal) number /= length;
     const double toCentre = Dot(normal, Difference(centre, corners[face[0]]));
-    if (std::abs(toCentre) <= kPlanar * extent) return {};  // flat
+    const bool isFlat = std::abs(toCentre) <= kPlanar * extent;
     ++faces;
-    if (toCentre > 0.0) {
+    if (isFlat) {
+      ++flatFaces;
+    } else if (toCentre > 0.0) {
       ++insideOut;
       normal = {-normal[0], -normal[1], -normal[2]};
     }
@@ -65,8 +77,12 @@ SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
     }
     sides.outward[i] = normal;
   }
-  // All one way or all the other.
-  if (insideOut != 0 && insideOut != faces) return {};
+  if (flatFaces != 0) {
+    // A plate without thickness: one of its two faces looks at the viewer, the other one away.
+    if (faces != 2 || flatFaces != 2 || !AreOpposite(sides)) return {};
+  } else if (insideOut != 0 && insideOut != faces) {
+    return {};  // neither all one way nor all the other
+  }
   sides.isClosed = true;
   return sides;
 }

@@ -53,7 +53,7 @@ inline constexpr std::array<SolidEdge, 12> kSolidEdges = FindSolidEdges();
 
 /// Where the faces of a solid look.
 struct SolidSides {
-  bool isClosed = false;  ///< convex, with an inside; otherwise the rest isn't known
+  bool isClosed = false;  ///< convex, or a flat plate; otherwise the rest isn't known
   std::array<std::array<double, 3>, 6> outward{};  ///< normals of length 1
   std::array<bool, 6> hasNoArea{};                 ///< faces that show nothing
 };
