@@ -99,18 +99,19 @@ void PointTo(std::size_t at, int stride) { glVertexPointer(3, GL_FLOAT, stride, 
 void BufferPool::DeleteReturned() {
   if (m_returned.empty()) return;
   glDeleteBuffers(static_cast<GLsizei>(m_returned.size()), m_returned.data());
-  m_expected -= m_returned.size();
   m_returned.clear();
 }
 
-void BufferPool::Expect(std::size_t buffers) {
-  m_returned.reserve(m_expected + buffers);
-  m_expected += buffers;
+void BufferPool::Lend(std::size_t count) {
+  const std::size_t needed = m_returned.size() + m_lent + count;
+  if (needed > m_returned.capacity()) m_returned.reserve(std::max(needed, 2 * m_returned.size()));
+  m_lent += count;
 }
 
-void BufferPool::DontExpect(std::size_t buffers) noexcept { m_expected -= buffers; }
-
-void BufferPool::GiveBack(unsigned buffer) noexcept { m_returned.push_back(buffer); }
+void BufferPool::GiveBack(unsigned buffer) noexcept {
+  m_returned.push_back(buffer);  // into the room that was made for it
+  --m_lent;
+}
 
 DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geometry)
     : m_pool(pool), m_directions(geometry.directions), m_extents(geometry.extents) {
@@ -138,7 +139,17 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
   m_isClippedAtFirst = geometry.isClippedAtFirst;
   const OwnArrays arrays;
   constexpr std::size_t kBuffers = 2;
-  pool->Expect(kBuffers);
+  pool->Lend(kBuffers);
+  try {
+    MakeBuffers(geometry, indices);
+  } catch (const std::bad_alloc&) {
+    pool->Forgo(kBuffers);
+    throw;
+  }
+  FillBuffers(geometry);
+}
+
+void DrawList::MakeBuffers(const GatheredGeometry& geometry, std::size_t indices) {
   try {
     m_vertexBuffer = MakeBuffer(
         GL_ARRAY_BUFFER, BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
@@ -146,9 +157,11 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
     m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
   } catch (const std::bad_alloc&) {
     if (m_vertexBuffer != 0) glDeleteBuffers(1, &m_vertexBuffer);
-    pool->DontExpect(kBuffers);
     throw;
   }
+}
+
+void DrawList::FillBuffers(const GatheredGeometry& geometry) {
   m_fillColorsAt = Fill(GL_ARRAY_BUFFER, 0, geometry.fillVertices);
   m_fillTexturesAt = Fill(GL_ARRAY_BUFFER, m_fillColorsAt, geometry.fillColors);
   m_lineVerticesAt = Fill(GL_ARRAY_BUFFER, m_fillTexturesAt, geometry.fillTextures);
@@ -250,7 +263,7 @@ void DrawList::DrawLines(const LineCall& call) const {
   if (isStippled) glDisable(GL_LINE_STIPPLE);
 }
 
-void DrawList::Draw() const {
+void DrawList::Draw() const noexcept {
   std::array<bool, kMostDirections> isHidden{};
   if (!IsCutAnywhere()) {
     std::transform(m_directions.begin(), m_directions.end(), isHidden.begin(),

@@ -72,6 +72,9 @@ struct DrawSegment {
   std::vector<LineGroup> lines;
 };
 
+/// Directions of closed solids that are told apart; any further one counts as always seen.
+inline constexpr std::size_t kMostDirections = 32;
+
 /// The outward normal of faces, in the coordinates in front of a matrix.
 struct FacingDirection {
   const double* matrix;
@@ -97,8 +100,8 @@ struct GatheredGeometry {
   ChunkedArray<GatheredColor> fillColors;  ///< of each, once there are several
   ChunkedArray<float> fillTextures;        ///< texture coordinate of each, once there are some
   ChunkedArray<LineVertex> lineVertices;
-  std::vector<FacingDirection> directions;
-  std::vector<SolidExtent> extents;  ///< one for each matrix of directions
+  std::vector<FacingDirection> directions;  ///< at most kMostDirections
+  std::vector<SolidExtent> extents;         ///< one for each matrix of directions
 };
 
 /// OpenGL's buffers. They are deleted with their context, or given back to it when a drawing that
@@ -111,16 +114,17 @@ class BufferPool {
 
   /// The context is current: deletes what was given back.
   void DeleteReturned();
-  /// Makes room for so many more to be given back.
+  /// Makes room for so many buffers to be given back.
   /// @throws std::bad_alloc
-  void Expect(std::size_t buffers);
-  void DontExpect(std::size_t buffers) noexcept;
-  /// One of those that were expected.
+  void Lend(std::size_t count);
+  /// One of those that were lent.
   void GiveBack(unsigned buffer) noexcept;
+  /// So many were lent in vain.
+  void Forgo(std::size_t count) noexcept { m_lent -= count; }
 
  private:
   std::vector<unsigned> m_returned;
-  std::size_t m_expected = 0;  ///< given back or yet to come
+  std::size_t m_lent = 0;
 };
 
 /// Geometry in OpenGL's buffers.
@@ -135,7 +139,7 @@ class DrawList {
 
   /// Draws everything. The matrices that were current while it was gathered must hold those of
   /// today. Changes OpenGL's matrix, colour, light, texture, clipping and line state.
-  void Draw() const;
+  void Draw() const noexcept;
   /// The buffers are those of that pool's context.
   bool IsOf(const std::shared_ptr<BufferPool>& pool) const { return m_pool.lock() == pool; }
 
@@ -158,6 +162,9 @@ class DrawList {
     std::vector<LineCall> lines;
   };
 
+  /// @throws std::bad_alloc, and none is made
+  void MakeBuffers(const GatheredGeometry& geometry, std::size_t indices);
+  void FillBuffers(const GatheredGeometry& geometry);
   /// True for a direction whose faces can't be seen: they look away, and nothing that would hide
   /// them is cut off in front of the viewer.
   bool IsHidden(const FacingDirection& direction) const;

@@ -408,6 +408,7 @@ class ORVALIX_API COpenGL {
     int clippingEnabled;
     float lineWidth;
     float sentLineWidth;
+    unsigned setSince;                  ///< parts (InheritedState) set since gathering began
     const double* loadedMatrix;         ///< null: the identity
     std::array<double, 16> movedSince;  ///< what the loaded matrix was multiplied by
   };
@@ -451,14 +452,18 @@ class ORVALIX_API COpenGL {
   /// What was gathered last, with the state after it; null when not all of it could be.
   std::unique_ptr<orvalix::DrawList> TakeGathered(DrawingState& end);
   bool Owns(const orvalix::DrawList& list) const;
+  /// Leaves the state that the drawing left, and what it didn't set as it is now.
   void DrawKept(const orvalix::DrawList& list, const DrawingState& end);
+  DrawingState WithWhatWasNotSet(DrawingState end) const;
   /// Parts of the state that drawing may find as something else left them.
   enum InheritedState : unsigned {
     kCurrentColor = 1,
     kOutlineColor = 2,
     kLineColor = 4,
     kLineStyle = 8,
-    kLineWidth = 16
+    kLineWidth = 16,
+    kStoredLineWidth = 32,  ///< whether OpenGL takes it or not
+    kSentLineWidth = 64     ///< the one that OpenGL took last
   };
   /// Every number on which what is drawn next depends, whatever it is.
   void AppendDrawingState(std::vector<double>& numbers) const;
@@ -472,6 +477,7 @@ class ORVALIX_API COpenGL {
   void RestoreState(const DrawingState& state, int isClippedAtFirst);
   void SetDrawingState(const DrawingState& state);
   /// What follows from the state for a polygon or line that is gathered now.
+  void NoteLineWidth();
   orvalix::RecordedFill RecordedFillNow();
   orvalix::RecordedStroke RecordedStrokeNow();
   void RecordPolygon(const point3Dtype* points, int n);

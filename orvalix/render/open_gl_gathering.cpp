@@ -75,10 +75,12 @@ void COpenGL::BeginGathering(const double* textMatrix) {
     m_recorder = std::make_unique<orvalix::DrawRecorder>(state);
   } catch (const std::bad_alloc&) {
     m_recorder.reset();  // one by one, then
+    m_hidesFarSides = m_clippingEnabled == 0;
   }
 }
 
 void COpenGL::EndGathering() noexcept {
+  m_hidesFarSides = false;
   if (m_recorder == nullptr) return;
   m_gatheredEnd = GetDrawingState();
   const std::unique_ptr<orvalix::DrawRecorder> recorder = std::move(m_recorder);
@@ -121,7 +123,23 @@ std::unique_ptr<orvalix::DrawList> COpenGL::TakeGathered(DrawingState& end) {
 
 bool COpenGL::Owns(const orvalix::DrawList& list) const { return list.IsOf(m_buffers); }
 
-void COpenGL::DrawKept(const orvalix::DrawList& list, const DrawingState& end) {
+COpenGL::DrawingState COpenGL::WithWhatWasNotSet(DrawingState end) const {
+  const auto isSet = [&](unsigned part) { return (end.setSince & part) != 0; };
+  if (!isSet(kOutlineColor)) {
+    end.fillColor = m_fillColor;
+    end.fillColor2 = m_fillColor2;
+    end.outlineColor = m_outlineColor;
+  }
+  if (!isSet(kCurrentColor)) end.currentColor = m_currentColor;
+  if (!isSet(kLineColor)) end.lineColor = m_lineColor;
+  if (!isSet(kLineStyle)) end.lineStyle = m_lineStyle;
+  if (!isSet(kStoredLineWidth)) end.lineWidth = m_lineWidth;
+  if (!isSet(kSentLineWidth)) end.sentLineWidth = m_sentLineWidth;
+  return end;
+}
+
+void COpenGL::DrawKept(const orvalix::DrawList& list, const DrawingState& left) {
+  const DrawingState end = WithWhatWasNotSet(left);
   list.Draw();
   SetDrawingState(end);
 }
@@ -160,6 +178,7 @@ COpenGL::DrawingState COpenGL::GetDrawingState() const {
                      .clippingEnabled = m_clippingEnabled,
                      .lineWidth = m_lineWidth,
                      .sentLineWidth = m_sentLineWidth,
+                     .setSince = m_setSince,
                      .loadedMatrix = nullptr,
                      .movedSince = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
   if (m_recorder != nullptr) {
@@ -235,10 +254,16 @@ void COpenGL::RecordSolid(const point3Dtype* corners) {
   if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
 }
 
+void COpenGL::NoteLineWidth() {
+  if (!(m_lineWidth > 0.0F)) return;
+  m_sentLineWidth = m_lineWidth;
+  m_setSince |= kSentLineWidth;
+}
+
 orvalix::RecordedFill COpenGL::RecordedFillNow() {
   Inherit(kCurrentColor);
   if (m_polygonOutlineMode != 0) Inherit(kOutlineColor | kLineWidth);
-  if (m_polygonOutlineMode != 0 && m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  if (m_polygonOutlineMode != 0) NoteLineWidth();
   return {.color = ToFloats(m_currentColor),
           .isOutlined = m_polygonOutlineMode != 0 ? 1 : 0,
           .outlineColor = m_outlineColor,
@@ -247,7 +272,7 @@ orvalix::RecordedFill COpenGL::RecordedFillNow() {
 
 orvalix::RecordedStroke COpenGL::RecordedStrokeNow() {
   Inherit(kLineWidth | kLineStyle);
-  if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  NoteLineWidth();
   return {.width = m_sentLineWidth,
           .stipple = StippleOf(m_lineStyle),
           .stippleFactor = m_lineStyleFactor};
@@ -255,7 +280,7 @@ orvalix::RecordedStroke COpenGL::RecordedStrokeNow() {
 
 void COpenGL::RecordFrame(const point3Dtype* points, int n) {
   Inherit(kOutlineColor | kLineWidth);
-  if (m_lineWidth > 0.0F) m_sentLineWidth = m_lineWidth;
+  NoteLineWidth();
   // Interrupted where a point has no place.
   for (int from = 0; from < n;) {
     const point3Dtype* const end =

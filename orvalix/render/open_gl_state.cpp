@@ -198,7 +198,7 @@ int COpenGL::GetLineStyleFactor() const { return m_lineStyleFactor; }
 
 void COpenGL::SetLineWidth3D(double width) {
   m_lineWidth = static_cast<float>(width);
-  if (m_lineWidth > 0.0F) m_setSince |= kLineWidth;
+  m_setSince |= m_lineWidth > 0.0F ? kLineWidth | kStoredLineWidth : kStoredLineWidth;
 }
 
 double COpenGL::GetLineWidth3D() const { return static_cast<double>(m_lineWidth); }
