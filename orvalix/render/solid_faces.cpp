@@ -77,6 +77,7 @@ SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
     }
     sides.outward[i] = normal;
   }
+  if (faces == 0) return {};
   if (flatFaces != 0) {
     // A plate without thickness: one of its two faces looks at the viewer, the other one away.
     if (faces != 2 || flatFaces != 2 || !AreOpposite(sides)) return {};
