@@ -44,6 +44,7 @@ bool AreOpposite(const SolidSides& sides) {
 
 SolidSides FindSides(const std::array<point3Dtype, 8>& corners) {
   const point3Dtype centre = CentreOf(corners);
+  if (!std::isfinite(centre.x + centre.y + centre.z)) return {};
   double extent = 0.0;
   for (const point3Dtype& corner : corners) {
     const Vector from = Difference(corner, centre);
