@@ -88,9 +88,6 @@ struct SolidExtent {
   std::array<double, 3> high;
 };
 
-/// Directions of closed solids that are told apart; any further one counts as always seen.
-inline constexpr std::size_t kMostDirections = 32;
-
 /// What was gathered, in memory.
 struct GatheredGeometry {
   int isClippedAtFirst = 0;  ///< 1 when clip planes were on where gathering began

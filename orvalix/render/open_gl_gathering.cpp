@@ -75,7 +75,7 @@ void COpenGL::BeginGathering(const double* textMatrix) {
     m_recorder = std::make_unique<orvalix::DrawRecorder>(state);
   } catch (const std::bad_alloc&) {
     m_recorder.reset();  // one by one, then
-    m_hidesFarSides = m_clippingEnabled == 0;
+    m_hidesFarSides = !orvalix::IsCutAnywhere();
   }
 }
 
