@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +20,17 @@ constexpr std::size_t kLargestChunk = std::size_t{1} << 30;
   AfxThrowFileException(CFileException::OsErrorToException(error), error);
 }
 
+/// Asks the file system for the room of a large write: it then needn't look for it, and bring
+/// everything to the disk, when the file takes the place of another one. Where it can't, writing
+/// tells.
+void MakeRoom(int descriptor, std::size_t size) {
+  constexpr std::size_t kLarge = std::size_t{1} << 20;
+  if (size < kLarge) return;
+  const off_t position = ::lseek(descriptor, 0, SEEK_CUR);
+  if (position < 0) return;
+  ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, position, static_cast<off_t>(size));
+}
+
 /// Repeats a call of the system that a signal interrupts.
 template <class Call>
 std::size_t Transfer(Call&& call) {
@@ -33,6 +45,7 @@ std::size_t Transfer(Call&& call) {
 
 void WriteToHandle(void* file, const void* data, std::size_t size) {
   const int descriptor = DescriptorOfHandle(file);
+  MakeRoom(descriptor, size);
   const char* next = static_cast<const char*>(data);
   while (size > 0) {
     const std::size_t moved =
