@@ -8,6 +8,7 @@
 #include "orvalix/chart/header_3d.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
+#include "support/fail_at.h"
 
 namespace {
 
@@ -22,16 +23,7 @@ void ExpectEachFailure(const std::vector<CaughtError>& expected, Work&& work) {
   int failures = 0;
   for (int n = 1; n < 100; ++n) {
     bool happened = false;
-    const CaughtError caught = Catch([&] {
-      const AllocationFailure failure(n);
-      try {
-        work();
-      } catch (...) {
-        happened = failure.Happened();
-        throw;
-      }
-      happened = failure.Happened();
-    });
+    const CaughtError caught = FailAt(n, happened, work);
     if (!happened) break;
     EXPECT_THAT(expected, ::testing::Contains(caught)) << "allocation " << n;
     ++failures;

@@ -6,27 +6,11 @@
 
 #include "chart/chart_file_damage.h"
 #include "support/allocation_failure.h"
+#include "support/fail_at.h"
 
 namespace {
 
 using namespace orvalix::test;
-
-/// Runs `work` with its n-th allocation failing.
-/// @return its error; `happened` is false when it needs fewer
-template <class Work>
-CaughtError FailAt(int n, bool& happened, Work&& work) {
-  happened = false;
-  return Catch([&] {
-    const AllocationFailure failure(n);
-    try {
-      work();
-    } catch (...) {
-      happened = failure.Happened();
-      throw;
-    }
-    happened = failure.Happened();
-  });
-}
 
 /// Bytes asked for while a view loads that file.
 std::size_t BytesToLoad(CChartView3D& view, const Bytes& bytes) {

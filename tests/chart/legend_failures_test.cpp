@@ -11,6 +11,7 @@
 #include "chart/legend_fixture.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
+#include "support/fail_at.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -29,16 +30,7 @@ void ExpectEachFailure(const std::vector<CaughtError>& expected, Work&& work, Ch
   std::vector<CaughtError> seen;
   for (int n = 1; n < 1000; ++n) {
     bool happened = false;
-    const CaughtError caught = Catch([&] {
-      const AllocationFailure failure(n);
-      try {
-        work();
-      } catch (...) {
-        happened = failure.Happened();
-        throw;
-      }
-      happened = failure.Happened();
-    });
+    const CaughtError caught = FailAt(n, happened, work);
     if (!happened) break;
     EXPECT_THAT(expected, ::testing::Contains(caught)) << "allocation " << n;
     seen.push_back(caught);
