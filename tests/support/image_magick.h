@@ -16,7 +16,10 @@ inline bool Convert(const std::string& arguments) {
   return std::system(("convert " + arguments + " >/dev/null 2>&1").c_str()) == 0;
 }
 
-inline bool HasImageMagick() { return Convert("-version"); }
+/// Programs of other makers have that name too.
+inline bool HasImageMagick() {
+  return std::system("convert -version 2>/dev/null | grep -q ImageMagick") == 0;
+}
 
 /// A file as an argument, read or written in a format.
 inline std::string AsFormat(const TemporaryFile& file, const std::string& format) {
