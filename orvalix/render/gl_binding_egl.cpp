@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 
@@ -131,6 +133,8 @@ struct GLBinding::Platform {
 
   bool CreateFramebuffer() const;
   void ReadIndices(int width, int height);
+  /// The fourth byte of pixels of 32 bits: what OpenGL has there is nobody's.
+  void MakeOpaque(int width, int height) const;
 };
 
 bool GLBinding::Platform::CreateFramebuffer() const {
@@ -141,15 +145,15 @@ bool GLBinding::Platform::CreateFramebuffer() const {
   const GLsizei width = std::max(target.width, 1);
   const GLsizei height = std::max(target.height, 1);
 
-  // Framebuffer and renderbuffers live and die with the context. Without alpha bits every pixel
-  // reads back opaque.
+  // Framebuffer and renderbuffers live and die with the context. Their pixels have four bytes as
+  // bitmaps of 32 bits do: others would be converted one by one when they are read.
   std::array<GLuint, 2> buffers{};
   GLuint framebuffer = 0;
   glGenFramebuffers(1, &framebuffer);
   glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
   glGenRenderbuffers(2, buffers.data());
   glBindRenderbuffer(GL_RENDERBUFFER, buffers[0]);
-  glRenderbufferStorage(GL_RENDERBUFFER, GL_RGB8, width, height);
+  glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
   glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, buffers[0]);
   glBindRenderbuffer(GL_RENDERBUFFER, buffers[1]);
   glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT32, width, height);
@@ -169,6 +173,23 @@ void GLBinding::Platform::ReadIndices(int width, int height) {
   for (int y = 0; y < height; ++y) {
     unsigned char* out = target.bits + static_cast<std::ptrdiff_t>(y) * target.stride;
     for (int x = 0; x < width; ++x, in += 3) out[x] = PackIndex(in);
+  }
+}
+
+void GLBinding::Platform::MakeOpaque(int width, int height) const {
+  using Pair = std::uint64_t;
+  constexpr auto kOpaque =
+      std::bit_cast<Pair>(std::array<unsigned char, sizeof(Pair)>{0, 0, 0, 0xFF, 0, 0, 0, 0xFF});
+  const std::size_t bytes = static_cast<std::size_t>(width) * 4;
+  for (int y = 0; y < height; ++y) {
+    unsigned char* const row = target.bits + static_cast<std::ptrdiff_t>(y) * target.stride;
+    for (std::size_t at = 0; at + sizeof(Pair) <= bytes; at += sizeof(Pair)) {
+      Pair pixels;
+      std::memcpy(&pixels, row + at, sizeof(Pair));
+      pixels |= kOpaque;
+      std::memcpy(row + at, &pixels, sizeof(Pair));
+    }
+    row[bytes - 1] = 0xFF;
   }
 }
 
@@ -251,6 +272,7 @@ void GLBinding::CopyToBitmap(int width, int height) {
   glReadPixels(0, 0, width, height, bytesPerPixel == 4 ? GL_BGRA : GL_BGR, GL_UNSIGNED_BYTE,
                target.bits);
   glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+  if (bytesPerPixel == 4) m_platform->MakeOpaque(width, height);
 }
 
 void GLBinding::DeleteContext() {
