@@ -148,7 +148,8 @@ void CAxes3D::DrawAxes() {
         }
       });
   m_transform->TextTransform();
-  orvalix::DrawGathered(*m_context, m_transform->GetFontTransform(), [this] { DrawLabels(); });
+  orvalix::DrawTexts(m_keptLabels, *m_context, m_transform->GetFontTransform(),
+                     [this] { DrawLabels(); });
 }
 
 void CAxes3D::DrawAxisLines() {

@@ -335,8 +335,9 @@ class ORVALIX_API CAxes3D {
   std::array<int, kPlanes> m_planeColorModes;
   std::array<int, kAxes> m_axisLabelsEnable;
   std::array<int, kAxes> m_axisEnable;
-  int m_outlineMode;                ///< nonzero: fills and walls have outlines
-  int m_transformID;                ///< id of the transform
-  int m_classTag;                   ///< 202 marks a live object
-  orvalix::KeptDrawingSlot m_kept;  ///< axes, grids and planes as drawn last
+  int m_outlineMode;                      ///< nonzero: fills and walls have outlines
+  int m_transformID;                      ///< id of the transform
+  int m_classTag;                         ///< 202 marks a live object
+  orvalix::KeptDrawingSlot m_kept;        ///< axes, grids and planes as drawn last
+  orvalix::KeptDrawingSlot m_keptLabels;  ///< as drawn last
 };

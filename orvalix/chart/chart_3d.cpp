@@ -102,7 +102,7 @@ void CChart3D::SetupOpenGL() {
   m_openGL->SetViewport(m_viewport);
   m_openGL->SetClearColor(m_chartBkColor.red, m_chartBkColor.green, m_chartBkColor.blue,
                           m_chartBkColor.alpha);
-  m_openGL->Clear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  m_openGL->Clear(m_view->WhatToClear(m_viewport, m_chartBkColor));
   if (m_borderEnable != 0) DrawBorder();
   SetupLight();
   SetupTexture();

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "orvalix/chart/fresh_area.h"
 #include "orvalix/foundation/object_list.h"
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
@@ -203,6 +204,8 @@ class ORVALIX_API CChartView3D {
   /// @}
 
  private:
+  friend class CChart3D;
+
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
   template <class... Arguments>
@@ -228,6 +231,8 @@ class ORVALIX_API CChartView3D {
   void DrawCharts();
   void DrawLegends();
   void RegisterChangedFont();
+  /// What a chart has to clear before it is drawn to these pixels, as COpenGL::Clear() takes it.
+  int WhatToClear(const GLViewportType& pixels, const RGBDType& color);
   void CopyBitmap(CDC* dc, int x, int y, int width, int height);
   void SetViewSizeWindow();
   void SetViewSizeSubWindow(int width, int height);
@@ -244,12 +249,13 @@ class ORVALIX_API CChartView3D {
   double m_borderThickness;  ///< pixels
   RGBDType m_viewBkColor;
   RGBDType m_borderColor;
-  int m_viewBkMode;          ///< stored and saved only
-  int m_printScaleMode;      ///< as CDIBSection::PrintDIB() takes it
-  bool m_deviceInitialized;  ///< bitmap and context exist
-  int m_fontCharacters;      ///< character codes, from 0, that have glyphs
-  REALRECT m_normPrintRect;  ///< fractions of the page, for scale mode 3
-  int m_printing;            ///< 1 while OnPrint() runs
+  orvalix::FreshArea m_fresh;  ///< of the frame that is being drawn; nothing between frames
+  int m_viewBkMode;            ///< stored and saved only
+  int m_printScaleMode;        ///< as CDIBSection::PrintDIB() takes it
+  bool m_deviceInitialized;    ///< bitmap and context exist
+  int m_fontCharacters;        ///< character codes, from 0, that have glyphs
+  REALRECT m_normPrintRect;    ///< fractions of the page, for scale mode 3
+  int m_printing;              ///< 1 while OnPrint() runs
   int m_borderEnable;
   bool m_fontChanged;  ///< the next drawing registers the font
   int m_fontItalics;

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
@@ -11,17 +14,43 @@
 #include "orvalix/render/dib_section.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
+#include "orvalix/render/text_obj_3d.h"
 
 namespace {
 
 /// Size in which the view's font is registered.
 constexpr double kFontSize = 0.2;
 
+GLViewportType Pixels(int width, int height) {
+  GLViewportType viewport;
+  AssignViewport(viewport, 0, 0, width, height);
+  return viewport;
+}
+
+bool HasText(const CHeader3D& header) {
+  const std::array texts{header.GetTitle1Obj(), header.GetTitle2Obj(), header.GetFooterObj()};
+  return header.GetHeaderEnable() != 0 &&
+         std::any_of(texts.begin(), texts.end(),
+                     [](const CTextObj3D* text) { return text->TextWidth() != 0.0; });
+}
+
 void RequireDC(const CDC* dc) {
   if (dc == nullptr) {
     orvalix::ThrowError(ERR3D_CDC_PARAMETER, ERR3DCLASS_CHARTVIEW3D, "DrawViewScreen");
   }
 }
+
+/// Nothing is fresh any more when it ends.
+class OneFrame {
+ public:
+  explicit OneFrame(orvalix::FreshArea& fresh) : m_fresh(fresh) {}
+  ~OneFrame() { m_fresh = {}; }
+  OneFrame(const OneFrame&) = delete;
+  OneFrame& operator=(const OneFrame&) = delete;
+
+ private:
+  orvalix::FreshArea& m_fresh;
+};
 
 }  // namespace
 
@@ -85,9 +114,7 @@ void CChartView3D::DrawForFile(const char* place) {
 void CChartView3D::DrawView() {
   if (m_viewWidth < 1 || m_viewHeight < 1) return;
   m_openGL->MakeCurrent();
-  GLViewportType viewport;
-  AssignViewport(viewport, 0, 0, m_viewWidth, m_viewHeight);
-  m_openGL->SetViewport(viewport);
+  m_openGL->SetViewport(Pixels(m_viewWidth, m_viewHeight));
   m_viewAspect = static_cast<double>(m_viewHeight) / static_cast<double>(m_viewWidth);
   m_openGL->SetClearColor(m_viewBkColor.red, m_viewBkColor.green, m_viewBkColor.blue,
                           m_viewBkColor.alpha);
@@ -107,8 +134,8 @@ void CChartView3D::DrawBorder() {
 }
 
 void CChartView3D::RegisterChangedFont() {
-  m_openGL->RegisterFont(m_fontName, kFontSize, m_fontWeight, m_fontItalics, m_fontUnderline,
-                         m_fontCharacters);
+  m_openGL->RegisterFontOfView(m_fontName, kFontSize, m_fontWeight, m_fontItalics, m_fontUnderline,
+                               m_fontCharacters);
   m_fontChanged = false;
 }
 
@@ -120,8 +147,21 @@ void CChartView3D::DrawHeader() {
 }
 
 void CChartView3D::DrawCharts() {
-  for (CChart3D* chart : m_charts) chart->DrawChart();
-  m_openGL->Flush();
+  const OneFrame frame(m_fresh);
+  const bool isEmpty = m_borderEnable == 0 && !HasText(*m_header);
+  if (isEmpty) m_fresh = {Pixels(m_viewWidth, m_viewHeight), m_viewBkColor};
+  for (CChart3D* chart : m_charts) {
+    chart->DrawChart();
+    // OpenGL works on it while the next one is sent.
+    m_openGL->Flush();
+  }
+}
+
+int CChartView3D::WhatToClear(const GLViewportType& pixels, const RGBDType& color) {
+  const bool isFresh = m_fresh.Contains(pixels);
+  m_fresh.Cover(pixels);
+  if (!isFresh) return GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT;
+  return m_fresh.HasColor(color) ? 0 : GL_COLOR_BUFFER_BIT;
 }
 
 void CChartView3D::DrawLegends() {

@@ -111,7 +111,7 @@ void CHeader3D::DrawHeader() {
   m_transform->SetFontAspect(m_viewAspect);
   m_transform->SetFontHeightSF(m_fontHeightSF);
   m_transform->TextTransform();
-  orvalix::DrawGathered(*m_context, m_transform->GetFontTransform(), [this] { DrawLines(); });
+  orvalix::DrawTexts(m_kept, *m_context, m_transform->GetFontTransform(), [this] { DrawLines(); });
 }
 
 void CHeader3D::DrawLines() {

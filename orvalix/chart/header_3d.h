@@ -6,6 +6,7 @@
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
+#include "orvalix/render/kept_drawing.h"
 
 class COpenGL;
 class CTextObj3D;
@@ -96,4 +97,5 @@ class ORVALIX_API CHeader3D {
   std::unique_ptr<CTextObj3D> m_title1;
   std::unique_ptr<CTextObj3D> m_title2;
   std::unique_ptr<CTextObj3D> m_footer;
+  orvalix::KeptDrawingSlot m_kept;  ///< what was drawn last
 };

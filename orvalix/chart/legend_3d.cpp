@@ -203,7 +203,8 @@ void CLegend3D::DrawLegendTable() {
   const int entries = GetNumberActiveLegends();
   if (entries < 1 || m_context == nullptr) return;
   TransformLegend();
-  orvalix::DrawGathered(*m_context, m_transform->GetFontTransform(), [&] { DrawTable(entries); });
+  orvalix::DrawTexts(m_kept, *m_context, m_transform->GetFontTransform(),
+                     [&] { DrawTable(entries); });
 }
 
 void CLegend3D::DrawTable(int entries) {

@@ -8,6 +8,7 @@
 #include "orvalix/foundation/object_list.h"
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
+#include "orvalix/render/kept_drawing.h"
 
 class CChartView3D;
 class CLegendObj3D;
@@ -273,4 +274,5 @@ class ORVALIX_API CLegend3D {
   std::unique_ptr<CTextObj3D> m_title1;
   std::unique_ptr<CTextObj3D> m_title2;
   std::unique_ptr<CTextObj3D> m_footer;
+  orvalix::KeptDrawingSlot m_kept;  ///< what was drawn last
 };

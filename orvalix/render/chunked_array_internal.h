@@ -24,6 +24,15 @@ class ChunkedArray {
     m_chunks.back()[m_size % kChunk] = element;
     ++m_size;
   }
+  bool operator==(const ChunkedArray& other) const {
+    if (m_size != other.m_size) return false;
+    for (std::size_t i = 0; i < m_chunks.size(); ++i) {
+      const std::size_t count = std::min(m_size - i * kChunk, kChunk);
+      const T* const elements = m_chunks[i].get();
+      if (!std::equal(elements, elements + count, other.m_chunks[i].get())) return false;
+    }
+    return true;
+  }
   /// Calls `take(pointer, count)` for each chunk in turn.
   template <class Take>
   void ForEachChunk(Take take) const {

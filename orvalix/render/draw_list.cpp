@@ -48,6 +48,51 @@ std::size_t BytesOf(const ChunkedArray<T>& elements) {
   return elements.size() * sizeof(T);
 }
 
+void Place(const GatheredGlyph& glyph, std::vector<LineVertex>& corners) {
+  const std::array<double, 16>& m = glyph.placement;
+  corners.clear();
+  for (const auto& [x, y, z] : glyph.mesh->corners) {
+    corners.push_back({{static_cast<float>(m[0] * x + m[4] * y + m[8] * z + m[12]),
+                        static_cast<float>(m[1] * x + m[5] * y + m[9] * z + m[13]),
+                        static_cast<float>(m[2] * x + m[6] * y + m[10] * z + m[14])},
+                       glyph.color});
+  }
+}
+
+/// Copies elements into the bound buffer, from `at` on. @return the offset behind them
+template <class T>
+std::size_t Fill(GLenum target, std::size_t at, const std::vector<T>& from) {
+  const std::size_t bytes = from.size() * sizeof(T);
+  glBufferSubData(target, static_cast<GLintptr>(at), static_cast<GLsizeiptr>(bytes), from.data());
+  return at + bytes;
+}
+
+/// Copies the corners of texts into the bound buffer, from `at` on.
+void FillTextVertices(std::size_t at, const std::vector<DrawSegment>& segments) {
+  std::vector<LineVertex> corners;
+  for (const DrawSegment& segment : segments) {
+    for (const TextGroup& group : segment.texts) {
+      for (const GatheredGlyph& glyph : group.glyphs) {
+        Place(glyph, corners);
+        at = Fill(GL_ARRAY_BUFFER, at, corners);
+      }
+    }
+  }
+}
+
+/// Copies their triangles into the bound buffer, from `at` on.
+/// @param first vertex of the group; moved on behind it
+std::size_t FillTextIndices(std::size_t at, const TextGroup& group, std::uint32_t& first) {
+  std::vector<std::uint32_t> indices;
+  for (const GatheredGlyph& glyph : group.glyphs) {
+    indices.clear();
+    for (const std::uint32_t corner : glyph.mesh->triangles) indices.push_back(first + corner);
+    at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, indices);
+    first += static_cast<std::uint32_t>(glyph.mesh->corners.size());
+  }
+  return at;
+}
+
 /// Keeps the program's arrays, and which buffers it has bound, while this lives; none of its arrays
 /// is on meanwhile.
 class OwnArrays {
@@ -94,6 +139,13 @@ const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(byt
 
 void PointTo(std::size_t at, int stride) { glVertexPointer(3, GL_FLOAT, stride, Offset(at)); }
 
+/// To vertices with a colour each.
+void PointToColored(std::size_t at) {
+  PointTo(at, sizeof(LineVertex));
+  glEnableClientState(GL_COLOR_ARRAY);
+  glColorPointer(3, GL_FLOAT, sizeof(LineVertex), Offset(at + offsetof(LineVertex, color)));
+}
+
 }  // namespace
 
 void BufferPool::DeleteReturned() {
@@ -113,52 +165,90 @@ void BufferPool::GiveBack(unsigned buffer) noexcept {
   --m_lent;
 }
 
+void DrawList::AddFills(const DrawSegment& from, Segment& to, std::size_t& indices) {
+  for (const FillGroup& group : from.fills) {
+    const bool isIndexed = !group.indices.IsRange();
+    FillState state = group.state;
+    if (!to.fills.empty()) state.facing = to.fills.back().state.facing;
+    const bool goesOn = !to.fills.empty() && to.fills.back().state == state &&
+                        to.fills.back().isIndexed == isIndexed;
+    if (!goesOn) to.fills.push_back({group.state, isIndexed, {}});
+    to.fills.back().parts.push_back({.facing = group.state.facing,
+                                     .otherFacing = group.state.facing,
+                                     .first = isIndexed ? indices : group.indices.First(),
+                                     .count = static_cast<int>(group.indices.size())});
+    indices += group.indices.Stored().size();
+  }
+}
+
+void DrawList::AddTexts(const DrawSegment& from, Segment& to, std::size_t& indices) {
+  for (const TextGroup& group : from.texts) {
+    std::size_t count = 0;
+    for (const GatheredGlyph& glyph : group.glyphs) count += glyph.mesh->triangles.size();
+    to.texts.push_back({group.state, indices, static_cast<int>(count)});
+    indices += count;
+  }
+}
+
+void DrawList::AddLines(const DrawSegment& from, Segment& to, std::size_t& indices) {
+  for (const LineGroup& group : from.lines) {
+    LineState state = group.state;
+    if (!to.lines.empty()) {
+      state.facing = to.lines.back().state.facing;
+      state.otherFacing = to.lines.back().state.otherFacing;
+    }
+    const bool goesOn = !to.lines.empty() && to.lines.back().state == state && state.isStrip == 0;
+    if (!goesOn) to.lines.push_back({group.state, {}, {}, {}});
+    LineCall& call = to.lines.back();
+    call.parts.push_back({.facing = group.state.facing,
+                          .otherFacing = group.state.otherFacing,
+                          .first = indices,
+                          .count = static_cast<int>(group.indices.size())});
+    for (std::size_t i = 0; i < group.strips.size(); ++i) {
+      const std::size_t end =
+          i + 1 < group.strips.size() ? group.strips[i + 1] : group.indices.size();
+      call.stripCounts.push_back(static_cast<int>(end - group.strips[i]));
+      call.stripOffsets.push_back(Offset((indices + group.strips[i]) * sizeof(std::uint32_t)));
+    }
+    indices += group.indices.size();
+  }
+}
+
 DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geometry)
     : m_pool(pool), m_directions(geometry.directions), m_extents(geometry.extents) {
   std::size_t indices = 0;
+  std::size_t textVertices = 0;
   for (const DrawSegment& segment : geometry.segments) {
     Segment& calls = m_segments.emplace_back();
-    for (const FillGroup& group : segment.fills) {
-      calls.fills.push_back({group.state, indices, static_cast<int>(group.indices.size())});
-      indices += group.indices.size();
+    AddFills(segment, calls, indices);
+    AddTexts(segment, calls, indices);
+    for (const TextGroup& group : segment.texts) {
+      for (const GatheredGlyph& glyph : group.glyphs) textVertices += glyph.mesh->corners.size();
     }
-    for (const LineGroup& group : segment.lines) {
-      LineCall& call = calls.lines.emplace_back();
-      call.state = group.state;
-      call.first = indices;
-      call.count = static_cast<int>(group.indices.size());
-      for (std::size_t i = 0; i < group.strips.size(); ++i) {
-        const std::size_t end =
-            i + 1 < group.strips.size() ? group.strips[i + 1] : group.indices.size();
-        call.stripCounts.push_back(static_cast<int>(end - group.strips[i]));
-        call.stripOffsets.push_back(Offset((indices + group.strips[i]) * sizeof(std::uint32_t)));
-      }
-      indices += group.indices.size();
-    }
+    AddLines(segment, calls, indices);
   }
   m_isClippedAtFirst = geometry.isClippedAtFirst;
   const OwnArrays arrays;
   constexpr std::size_t kBuffers = 2;
   pool->Lend(kBuffers);
   try {
-    MakeBuffers(geometry, indices);
+    MakeBuffers(geometry, indices, textVertices);
+    FillBuffers(geometry);
   } catch (const std::bad_alloc&) {
     pool->Forgo(kBuffers);
+    glDeleteBuffers(1, &m_vertexBuffer);
+    glDeleteBuffers(1, &m_indexBuffer);
     throw;
   }
-  FillBuffers(geometry);
 }
 
-void DrawList::MakeBuffers(const GatheredGeometry& geometry, std::size_t indices) {
-  try {
-    m_vertexBuffer = MakeBuffer(
-        GL_ARRAY_BUFFER, BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
-                             BytesOf(geometry.fillTextures) + BytesOf(geometry.lineVertices));
-    m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
-  } catch (const std::bad_alloc&) {
-    if (m_vertexBuffer != 0) glDeleteBuffers(1, &m_vertexBuffer);
-    throw;
-  }
+void DrawList::MakeBuffers(const GatheredGeometry& geometry, std::size_t indices,
+                           std::size_t textVertices) {
+  m_vertexBuffer = MakeBuffer(GL_ARRAY_BUFFER,
+                              BytesOf(geometry.fillVertices) + BytesOf(geometry.fillColors) +
+                                  BytesOf(geometry.fillTextures) + BytesOf(geometry.lineVertices) +
+                                  textVertices * sizeof(LineVertex));
+  m_indexBuffer = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices * sizeof(std::uint32_t));
 }
 
 void DrawList::FillBuffers(const GatheredGeometry& geometry) {
@@ -167,12 +257,15 @@ void DrawList::FillBuffers(const GatheredGeometry& geometry) {
   m_lineVerticesAt = Fill(GL_ARRAY_BUFFER, m_fillTexturesAt, geometry.fillTextures);
   m_fillColor = geometry.fillColor;
   m_hasFillColors = !geometry.fillColors.empty();
-  Fill(GL_ARRAY_BUFFER, m_lineVerticesAt, geometry.lineVertices);
+  m_textVerticesAt = Fill(GL_ARRAY_BUFFER, m_lineVerticesAt, geometry.lineVertices);
+  FillTextVertices(m_textVerticesAt, geometry.segments);
   std::size_t at = 0;
+  std::uint32_t firstOfText = 0;
   for (const DrawSegment& segment : geometry.segments) {
     for (const FillGroup& group : segment.fills) {
-      at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
+      at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices.Stored());
     }
+    for (const TextGroup& group : segment.texts) at = FillTextIndices(at, group, firstOfText);
     for (const LineGroup& group : segment.lines) {
       at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
     }
@@ -195,18 +288,59 @@ bool DrawList::IsHidden(const FacingDirection& direction) const {
   return LooksAway(ToClipSpace(), direction.normal, extent->low, extent->high);
 }
 
-void DrawList::DrawFill(const FillCall& call) const {
+/// What a drawing of the list has found out, and the matrix that it has loaded.
+class DrawList::Frame {
+ public:
+  explicit Frame(const DrawList& list) {
+    if (IsCutAnywhere()) return;
+    std::transform(list.m_directions.begin(), list.m_directions.end(), m_isHidden.begin(),
+                   [&](const FacingDirection& direction) { return list.IsHidden(direction); });
+  }
+
+  void Load(const double* matrix) {
+    if (m_hasLoaded && matrix == m_loaded) return;
+    LoadMatrix(matrix);
+    m_loaded = matrix;
+    m_hasLoaded = true;
+  }
+  bool IsSeen(const Part& part) const { return !Hides(part.facing) || !Hides(part.otherFacing); }
+  bool IsSeen(const std::vector<Part>& parts) const {
+    return std::any_of(parts.begin(), parts.end(),
+                       [this](const Part& part) { return IsSeen(part); });
+  }
+  /// Draws those that can be seen, one after another: some drivers spoil calls for several at once.
+  void Draw(GLenum mode, bool isIndexed, const std::vector<Part>& parts) const {
+    for (const Part& part : parts) {
+      if (!IsSeen(part)) continue;
+      if (isIndexed) {
+        glDrawElements(mode, part.count, GL_UNSIGNED_INT,
+                       Offset(part.first * sizeof(std::uint32_t)));
+      } else {
+        glDrawArrays(mode, static_cast<GLint>(part.first), part.count);
+      }
+    }
+  }
+
+ private:
+  bool Hides(int facing) const {
+    return facing >= 0 && m_isHidden[static_cast<std::size_t>(facing)];
+  }
+
+  std::array<bool, kMostDirections> m_isHidden{};
+  bool m_hasLoaded = false;
+  const double* m_loaded = nullptr;
+};
+
+void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
+  if (!frame.IsSeen(call.parts)) return;
   const FillState& state = call.state;
-  LoadMatrix(state.matrix);
+  const Clipping clipping(state.isClipped, m_isClippedAtFirst);
+  frame.Load(state.matrix);
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
     SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
   }
   SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
   SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
-  if (state.isOneSided != 0) {
-    glEnable(GL_CULL_FACE);
-    glCullFace(GL_BACK);
-  }
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
   glNormalPointer(GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, normal)));
@@ -220,18 +354,34 @@ void DrawList::DrawFill(const FillCall& call) const {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glTexCoordPointer(1, GL_FLOAT, 0, Offset(m_fillTexturesAt));
   }
-  glDrawElements(GL_TRIANGLES, call.count, GL_UNSIGNED_INT,
-                 Offset(call.first * sizeof(std::uint32_t)));
+  frame.Draw(GL_TRIANGLES, call.isIndexed, call.parts);
   glDisableClientState(GL_TEXTURE_COORD_ARRAY);
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);
   glDisable(GL_POLYGON_OFFSET_FILL);
-  if (state.isOneSided != 0) glDisable(GL_CULL_FACE);
 }
 
-void DrawList::DrawLines(const LineCall& call) const {
+void DrawList::DrawText(const TextCall& call, Frame& frame) const {
+  const Clipping clipping(call.state.isClipped, m_isClippedAtFirst);
+  frame.Load(call.state.matrix);
+  for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
+    glDisable(static_cast<GLenum>(capability));
+  }
+  SetCapability(GL_TEXTURE_1D, call.state.isTextured != 0);
+  glEnable(GL_CULL_FACE);
+  glCullFace(GL_BACK);
+  PointToColored(m_textVerticesAt);
+  glDrawElements(GL_TRIANGLES, call.count, GL_UNSIGNED_INT,
+                 Offset(call.first * sizeof(std::uint32_t)));
+  glDisableClientState(GL_COLOR_ARRAY);
+  glDisable(GL_CULL_FACE);
+}
+
+void DrawList::DrawLines(const LineCall& call, Frame& frame) const {
+  if (!frame.IsSeen(call.parts)) return;
   const LineState& state = call.state;
-  LoadMatrix(state.matrix);
+  const Clipping clipping(state.isClipped, m_isClippedAtFirst);
+  frame.Load(state.matrix);
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL, GL_TEXTURE_1D}) {
     glDisable(static_cast<GLenum>(capability));
   }
@@ -245,14 +395,10 @@ void DrawList::DrawLines(const LineCall& call) const {
     PointTo(0, sizeof(FillVertex));
     glColor3d(state.color.red, state.color.green, state.color.blue);
   } else {
-    PointTo(m_lineVerticesAt, sizeof(LineVertex));
-    glEnableClientState(GL_COLOR_ARRAY);
-    glColorPointer(3, GL_FLOAT, sizeof(LineVertex),
-                   Offset(m_lineVerticesAt + offsetof(LineVertex, color)));
+    PointToColored(m_lineVerticesAt);
   }
   if (state.isStrip == 0) {
-    glDrawElements(GL_LINES, call.count, GL_UNSIGNED_INT,
-                   Offset(call.first * sizeof(std::uint32_t)));
+    frame.Draw(GL_LINES, true, call.parts);
   } else {
     glShadeModel(GL_FLAT);
     glMultiDrawElements(GL_LINE_STRIP, call.stripCounts.data(), GL_UNSIGNED_INT,
@@ -264,30 +410,16 @@ void DrawList::DrawLines(const LineCall& call) const {
 }
 
 void DrawList::Draw() const noexcept {
-  std::array<bool, kMostDirections> isHidden{};
-  if (!IsCutAnywhere()) {
-    std::transform(m_directions.begin(), m_directions.end(), isHidden.begin(),
-                   [this](const FacingDirection& direction) { return IsHidden(direction); });
-  }
-  const auto hides = [&](int facing) {
-    return facing >= 0 && isHidden[static_cast<std::size_t>(facing)];
-  };
+  Frame frame(*this);
   const OwnArrays arrays;
   glBindBuffer(GL_ARRAY_BUFFER, m_vertexBuffer);
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_indexBuffer);
   glEnableClientState(GL_VERTEX_ARRAY);
   glPolygonMode(GL_FRONT, GL_FILL);
   for (const Segment& segment : m_segments) {
-    for (const FillCall& call : segment.fills) {
-      if (hides(call.state.facing)) continue;
-      const Clipping clipping(call.state.isClipped, m_isClippedAtFirst);
-      DrawFill(call);
-    }
-    for (const LineCall& call : segment.lines) {
-      if (hides(call.state.facing) && hides(call.state.otherFacing)) continue;
-      const Clipping clipping(call.state.isClipped, m_isClippedAtFirst);
-      DrawLines(call);
-    }
+    for (const FillCall& call : segment.fills) DrawFill(call, frame);
+    for (const TextCall& call : segment.texts) DrawText(call, frame);
+    for (const LineCall& call : segment.lines) DrawLines(call, frame);
   }
 }
 

@@ -156,13 +156,12 @@ DrawSegment& DrawRecorder::SegmentFor(bool hasPlainFill) {
   return segments.back();
 }
 
-ChunkedArray<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
+IndexList& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
   const FillState state{.matrix = m_matrix.loaded,
                         .isLit = m_state.isLit,
                         .isTextured = m_state.isTextured,
                         .isClipped = m_state.isClipped,
                         .isPushedBack = fill.isOutlined,
-                        .isOneSided = fill.isOneSided,
                         .facing = facing};
   std::vector<FillGroup>& groups = SegmentFor(fill.isOutlined == 0).fills;
   if (m_lastFill < groups.size() && groups[m_lastFill].state == state) {
@@ -173,6 +172,14 @@ ChunkedArray<std::uint32_t>& DrawRecorder::FillIndices(const RecordedFill& fill,
   m_lastFill = static_cast<std::size_t>(found - groups.begin());
   if (found == groups.end()) groups.push_back({state, {}});
   return groups[m_lastFill].indices;
+}
+
+TextGroup& DrawRecorder::TextGroupNow() {
+  const TextState state{
+      .matrix = m_matrix.loaded, .isTextured = m_state.isTextured, .isClipped = m_state.isClipped};
+  std::vector<TextGroup>& groups = SegmentFor(true).texts;
+  if (groups.empty() || !(groups.back().state == state)) groups.push_back({state, {}});
+  return groups.back();
 }
 
 std::size_t DrawRecorder::LineGroupFor(const LineState& state) {
@@ -327,7 +334,7 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
   Try([&] {
     const bool isClosed = n > 1 && IsSamePlace(points[0], points[n - 1]);
     const auto corners = static_cast<std::uint32_t>(isClosed ? n - 1 : n);
-    ChunkedArray<std::uint32_t>& indices = FillIndices(fill, -1);
+    IndexList& indices = FillIndices(fill, -1);
     const auto first = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
     const std::array<float, 3> moved = MovedNormal(normal);
     for (std::uint32_t i = 0; i < corners; ++i) {
@@ -351,17 +358,12 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
   });
 }
 
-void DrawRecorder::AddTriangles(const std::vector<point3Dtype>& corners,
-                                const std::array<float, 3>& color) {
+void DrawRecorder::AddGlyph(const GlyphMesh& mesh, std::uint64_t font,
+                            const std::array<float, 3>& color) {
   Try([&] {
-    if (corners.empty()) return;
-    constexpr std::array<float, 3> kNoNormal{};
-    const RecordedFill fill{
-        .color = color, .isOutlined = 0, .outlineColor = {}, .outlineWidth = 0.0F, .isOneSided = 1};
-    ChunkedArray<std::uint32_t>& indices = FillIndices(fill, -1);
-    for (const point3Dtype& corner : corners) {
-      indices.push_back(AddFillVertex(Moved(corner), kNoNormal, color, 0.0F));
-    }
+    if (mesh.triangles.empty()) return;
+    TextGroupNow().glyphs.push_back(
+        {.mesh = &mesh, .font = font, .placement = m_matrix.moved, .color = color});
   });
 }
 
@@ -396,7 +398,7 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
       point3Dtype normal;
       CalcNormal(corners[face[0]], corners[face[1]], corners[face[2]], normal);
       const std::array<float, 3> movedNormal = MovedNormal(normal);
-      ChunkedArray<std::uint32_t>& indices = FillIndices(fill, facing[i]);
+      IndexList& indices = FillIndices(fill, facing[i]);
       first[i] = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
       for (const std::size_t corner : face) {
         AddFillVertex(moved[corner], movedNormal, fill.color,

@@ -5,10 +5,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "orvalix/foundation/value_types.h"
-#include "orvalix/render/draw_list_internal.h"
+#include "orvalix/render/gathered_geometry_internal.h"
 
 namespace orvalix {
 
@@ -18,7 +19,6 @@ struct RecordedFill {
   int isOutlined;  ///< 0 or 1
   RGBDType outlineColor;
   float outlineWidth;  ///< pixels
-  int isOneSided = 0;  ///< as in FillState
 };
 
 /// How lines look.
@@ -61,9 +61,9 @@ class DrawRecorder {
   /// @param textures a texture coordinate for each point; null without a texture
   void AddPolygon(const point3Dtype* points, int n, const point3Dtype& normal,
                   const float* textures, const RecordedFill& fill);
-  /// Triangles without edges and normals, three corners each, counterclockwise; the other side of
-  /// them isn't shown.
-  void AddTriangles(const std::vector<point3Dtype>& corners, const std::array<float, 3>& color);
+  /// A character of a text.
+  /// @param mesh, font as in GatheredGlyph
+  void AddGlyph(const GlyphMesh& mesh, std::uint64_t font, const std::array<float, 3>& color);
   /// The outline of a polygon alone: a line through its points.
   void AddFrame(const point3Dtype* points, int n, const RGBDType& color, float width);
   /// All faces of a solid of eight corners (kSolidFaces).
@@ -82,7 +82,11 @@ class DrawRecorder {
   float* TexturesFor(int n);
 
   bool HasFailed() const { return m_hasFailed; }
+  /// What should have been added can't be made.
+  void Fail() { m_hasFailed = true; }
   const GatheredGeometry& Geometry() const { return m_geometry; }
+  /// Leaves the recorder empty.
+  GatheredGeometry TakeGeometry() { return std::move(m_geometry); }
   /// The matrix at present: what was loaded last, and what was done to it since.
   const double* LoadedMatrix() const { return m_matrix.loaded; }
   const std::array<double, 16>& MovedSince() const { return m_matrix.moved; }
@@ -109,7 +113,8 @@ class DrawRecorder {
   point3Dtype Moved(const point3Dtype& point) const;
   std::array<float, 3> MovedNormal(const point3Dtype& normal) const;
   DrawSegment& SegmentFor(bool hasPlainFill);
-  ChunkedArray<std::uint32_t>& FillIndices(const RecordedFill& fill, int facing);
+  IndexList& FillIndices(const RecordedFill& fill, int facing);
+  TextGroup& TextGroupNow();
   std::size_t LineGroupFor(const LineState& state);
   /// Edges of the colour that came first in a segment share the vertices of their faces; from the
   /// first one of another colour on all have vertices of their own, which keeps their order.

@@ -11,8 +11,8 @@
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/save_record_internal.h"
 #include "orvalix/foundation/throw_error_internal.h"
+#include "orvalix/render/font_glyphs_internal.h"
 #include "orvalix/render/gl_api_internal.h"
-#include "orvalix/render/glyph_solid_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/outline_face_internal.h"
 
@@ -30,6 +30,8 @@ int CFont3D::nSelfID = 0;
 
 CFont3D::CFont3D() { InitFontDefaults(); }
 
+CFont3D::~CFont3D() = default;
+
 CFont3D::CFont3D(COpenGL* context, CDC* deviceContext, int listBase) {
   InitFontDefaults();
   InitFont(context, deviceContext, listBase);
@@ -46,7 +48,8 @@ void CFont3D::InitFontDefaults() {
   m_spare = 0;
   m_listBase = 0;
   m_builtListBase = 0;
-  m_builtChars = 0;
+  m_hasLists = false;
+  m_glyphs.reset();
   m_italic = 0;
   m_underline = 0;
   m_weight = kBold;
@@ -66,8 +69,8 @@ void CFont3D::InitFont(COpenGL* context, CDC* deviceContext, int listBase) {
   }
   orvalix::RequireTag(context, orvalix::kOpenGLTag, ERR3D_OPENGL_PARAMETER, ERR3DCLASS_FONT3D,
                       "InitFont");
-  // The lists of another context stay with it.
-  if (context != m_context) m_builtChars = 0;
+  // What another context has stays with it.
+  if (context != m_context) m_glyphs.reset();
   m_context = context;
   m_deviceContext = deviceContext;
   m_listBase = listBase;
@@ -75,6 +78,11 @@ void CFont3D::InitFont(COpenGL* context, CDC* deviceContext, int listBase) {
 
 int CFont3D::RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                           int numChars) {
+  return Register(face, scale, weight, italic, underline, numChars, Lists::kAtOnce);
+}
+
+int CFont3D::Register(CString const& face, double scale, int weight, int italic, int underline,
+                      int numChars, Lists lists) {
   m_numChars = numChars;
   m_italic = italic;
   m_underline = underline;
@@ -84,7 +92,7 @@ int CFont3D::RegisterFont(CString const& face, double scale, int weight, int ita
   // OpenGL has no list 0.
   if (m_context == nullptr || m_listBase < 1) return 0;
   try {
-    const std::vector<orvalix::Glyph> glyphs =
+    std::vector<orvalix::Glyph> glyphs =
         orvalix::LoadGlyphs({.name = face,
                              .weight = weight,
                              .italic = italic != 0,
@@ -92,22 +100,31 @@ int CFont3D::RegisterFont(CString const& face, double scale, int weight, int ita
                              .count = std::min(numChars, static_cast<int>(m_metrics.size())),
                              .deviation = m_rendering / kDeviationUnitsPerEm});
     if (glyphs.empty()) return 0;
-    std::vector<orvalix::GlyphSolid> solids;
-    solids.reserve(glyphs.size());
-    for (const orvalix::Glyph& glyph : glyphs) solids.push_back(orvalix::FillGlyph(glyph));
-    std::vector<std::vector<point3Dtype>> triangles(solids.size());
-    for (std::size_t i = 0; i < solids.size(); ++i) {
-      orvalix::AppendGlyphTriangles(solids[i], m_extrusion, triangles[i]);
-    }
+    auto characters = std::make_unique<orvalix::FontGlyphs>(std::move(glyphs), m_extrusion);
+    if (lists == Lists::kAtOnce) characters->FillAll();
     CString name = face;
-    CompileLists(glyphs, solids);
-    m_triangles = std::move(triangles);
+    TakeGlyphs(std::move(characters));
     m_faceName = std::move(name);
+    if (lists == Lists::kAtOnce) CompileLists();
   } catch (const std::bad_alloc&) {
     return 0;
   }
   m_scaleFactor = scale;
   return 1;
+}
+
+void CFont3D::TakeGlyphs(std::unique_ptr<orvalix::FontGlyphs> glyphs) {
+  m_context->MakeCurrent();
+  if (m_glyphs != nullptr && m_hasLists) {
+    glDeleteLists(static_cast<GLuint>(m_builtListBase), static_cast<GLsizei>(m_glyphs->Count()));
+  }
+  m_metrics = {};
+  for (std::size_t code = 0; code < glyphs->Count(); ++code) {
+    m_metrics[code] = glyphs->Metrics(code);
+  }
+  m_glyphs = std::move(glyphs);
+  m_hasLists = false;
+  m_builtListBase = m_listBase;
 }
 
 void CFont3D::DescribeFont(CString const& face) {
@@ -118,20 +135,20 @@ void CFont3D::DescribeFont(CString const& face) {
   std::snprintf(m_description.lfFaceName, sizeof m_description.lfFaceName, "%s", face.GetString());
 }
 
-void CFont3D::CompileLists(const std::vector<orvalix::Glyph>& glyphs,
-                           const std::vector<orvalix::GlyphSolid>& solids) {
+bool CFont3D::LacksLists() const {
+  // Lists that were built elsewhere are OpenGL's alone.
+  return m_glyphs != nullptr && m_listBase == m_builtListBase && !m_hasLists;
+}
+
+void CFont3D::CompileLists() const {
+  m_glyphs->FillAll();
   m_context->MakeCurrent();
-  glDeleteLists(static_cast<GLuint>(m_builtListBase), m_builtChars);
-  m_metrics = {};
-  m_builtListBase = m_listBase;
-  m_builtChars = static_cast<int>(glyphs.size());
-  for (std::size_t code = 0; code < glyphs.size(); ++code) {
-    m_metrics[code] = glyphs[code].metrics;
+  for (std::size_t code = 0; code < m_glyphs->Count(); ++code) {
     glNewList(static_cast<GLuint>(m_listBase) + static_cast<GLuint>(code), GL_COMPILE);
-    orvalix::SendGlyphSolid(solids[code], m_extrusion);
-    glTranslatef(m_metrics[code].gmfCellIncX, m_metrics[code].gmfCellIncY, 0.0F);
+    m_glyphs->Send(code);
     glEndList();
   }
+  m_hasLists = true;
 }
 
 const GLYPHMETRICSFLOAT& CFont3D::MetricsOf(char character) const {
@@ -166,27 +183,42 @@ GLYPHMETRICSFLOAT CFont3D::GetGlyphMetrics(int code) const {
 }
 
 void CFont3D::DrawText3D(CString const& text) const {
-  // Lists that were built elsewhere are OpenGL's alone.
-  const bool isKnown = m_builtChars > 0 && m_listBase == m_builtListBase;
-  if (isKnown && m_context != nullptr && m_context->GathersTexts()) {
+  const bool isKnown = m_glyphs != nullptr && m_listBase == m_builtListBase;
+  if (isKnown && m_context->GathersTexts()) {
     GatherText(text);
     return;
   }
   if (m_context != nullptr) m_context->SendGathered();
-  glListBase(static_cast<GLuint>(m_listBase));
   glEnable(GL_CULL_FACE);
   glCullFace(GL_BACK);
-  glCallLists(text.GetLength(), GL_UNSIGNED_BYTE, text.GetString());
+  if (LacksLists()) {
+    SendText(text);
+  } else {
+    glListBase(static_cast<GLuint>(m_listBase));
+    glCallLists(text.GetLength(), GL_UNSIGNED_BYTE, text.GetString());
+  }
   glDisable(GL_CULL_FACE);
 }
 
 void CFont3D::GatherText(CString const& text) const {
   for (int i = 0; i < text.GetLength(); ++i) {
     const std::size_t code = static_cast<unsigned char>(text[i]);
-    if (code >= m_triangles.size()) continue;
-    m_context->RecordTriangles(m_triangles[code]);
+    if (code >= m_glyphs->Count()) continue;
+    m_context->RecordGlyph(*m_glyphs, code);
     m_context->Translate3D(static_cast<double>(m_metrics[code].gmfCellIncX),
                            static_cast<double>(m_metrics[code].gmfCellIncY), 0.0);
+  }
+}
+
+void CFont3D::SendText(CString const& text) const {
+  try {
+    for (int i = 0; i < text.GetLength(); ++i) {
+      const std::size_t code = static_cast<unsigned char>(text[i]);
+      if (code < m_glyphs->Count()) m_glyphs->Send(code);
+    }
+  } catch (const std::bad_alloc&) {
+    // The text ends where memory does, as charts are drawn without text where it doesn't suffice
+    // for a font.
   }
 }
 
@@ -210,7 +242,13 @@ void CFont3D::SetNumFontChars(int count) { m_numChars = count; }
 
 int CFont3D::GetNumFontChars() const { return m_numChars; }
 
-int CFont3D::GetListBase() const { return m_listBase; }
+int CFont3D::GetListBase() const {
+  if (LacksLists()) {
+    orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_FONT3D, "GetListBase",
+                                  [this] { CompileLists(); });
+  }
+  return m_listBase;
+}
 
 CString CFont3D::GetFaceName() const {
   return orvalix::CopyText(m_faceName, ERR3DCLASS_FONT3D, "GetFaceName");

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <array>
-#include <vector>
+#include <memory>
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/host/host.h"
@@ -11,8 +11,7 @@
 class COpenGL;
 
 namespace orvalix {
-struct Glyph;
-struct GlyphSolid;
+class FontGlyphs;
 }  // namespace orvalix
 
 /// One outline font of a rendering context: its description, its measures and the names of its
@@ -23,6 +22,7 @@ class ORVALIX_API CFont3D {
   CFont3D();
   /// Defaults, then InitFont().
   CFont3D(COpenGL* context, CDC* deviceContext, int listBase);
+  ~CFont3D();
   CFont3D(const CFont3D&) = delete;
   CFont3D& operator=(const CFont3D&) = delete;
 
@@ -87,7 +87,9 @@ class ORVALIX_API CFont3D {
   /// the viewer is drawn. The matrix then stands behind the last character.
   void DrawText3D(CString const& text) const;
 
-  /// Addition: name of the display list of character 0.
+  /// Addition: name of the display list of character 0. A view's font gets its display lists when
+  /// they are asked for, here; its context is current afterwards.
+  /// @throws CErr3D type 3, class 13, "GetListBase", when memory runs out
   int GetListBase() const;
   /// Addition: the face last registered. Default "Arial".
   CString GetFaceName() const;
@@ -108,31 +110,39 @@ class ORVALIX_API CFont3D {
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
 
+  friend class COpenGL;
+
+  enum class Lists { kAtOnce, kWhenAskedFor };
+  int Register(CString const& face, double scale, int weight, int italic, int underline,
+               int numChars, Lists lists);
   void DescribeFont(CString const& face);
-  void CompileLists(const std::vector<orvalix::Glyph>& glyphs,
-                    const std::vector<orvalix::GlyphSolid>& solids);
+  void TakeGlyphs(std::unique_ptr<orvalix::FontGlyphs> glyphs);
+  /// True while nobody has asked for the lists of the registered characters.
+  bool LacksLists() const;
+  /// @throws std::bad_alloc
+  void CompileLists() const;
   void GatherText(CString const& text) const;
+  void SendText(CString const& text) const;
   const GLYPHMETRICSFLOAT& MetricsOf(char character) const;
 
-  COpenGL* m_context;                            ///< not owned
-  std::array<GLYPHMETRICSFLOAT, 256> m_metrics;  ///< by character code, in em
-  CDC* m_deviceContext;                          ///< not owned
-  LOGFONTA m_description;                        ///< what the platform is asked for
-  int m_spare;                                   ///< stored and persisted only
-  int m_listBase;                                ///< display list of character 0
-  int m_builtListBase;                           ///< the same when the lists were built
-  int m_builtChars;                              ///< lists that were built
-  /// The corners of each character's triangles, for texts that are gathered.
-  std::vector<std::vector<point3Dtype>> m_triangles;
-  int m_italic;            ///< last italic request
-  int m_underline;         ///< last underline request
-  int m_weight;            ///< last weight request
-  int m_numChars;          ///< character codes that have display lists
-  double m_extrusion;      ///< depth of the characters
-  double m_rendering;      ///< chordal deviation of flattened curves
-  double m_spareFactor;    ///< stored and persisted only
-  double m_scaleFactor;    ///< from glyph units to reported sizes
-  double m_requestedSize;  ///< scale of the last RegisterFont()
+  COpenGL* m_context;                             ///< not owned
+  std::array<GLYPHMETRICSFLOAT, 256> m_metrics;   ///< by character code, in em
+  CDC* m_deviceContext;                           ///< not owned
+  LOGFONTA m_description;                         ///< what the platform is asked for
+  int m_spare;                                    ///< stored and persisted only
+  int m_listBase;                                 ///< display list of character 0
+  int m_builtListBase;                            ///< the same when characters were registered
+  mutable bool m_hasLists;                        ///< of m_glyphs
+  std::unique_ptr<orvalix::FontGlyphs> m_glyphs;  ///< as registered; null: none
+  int m_italic;                                   ///< last italic request
+  int m_underline;                                ///< last underline request
+  int m_weight;                                   ///< last weight request
+  int m_numChars;                                 ///< character codes that have display lists
+  double m_extrusion;                             ///< depth of the characters
+  double m_rendering;                             ///< chordal deviation of flattened curves
+  double m_spareFactor;                           ///< stored and persisted only
+  double m_scaleFactor;                           ///< from glyph units to reported sizes
+  double m_requestedSize;                         ///< scale of the last RegisterFont()
   CString m_faceName;
   int m_classTag;  ///< 1111 marks a live object
 };

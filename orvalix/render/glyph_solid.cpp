@@ -116,11 +116,6 @@ std::array<point3Dtype, 6> Wall(const GlyphPoint& a, const GlyphPoint& b, double
   return {aBack, {b.x, b.y, -depth, 0.0}, bFront, aBack, bFront, {a.x, a.y, 0.0, 0.0}};
 }
 
-/// How far the back lies behind the front.
-double Depth(double extrusion) {
-  return extrusion > 0.0 && std::isfinite(static_cast<float>(extrusion)) ? extrusion : 0.0;
-}
-
 void SendFace(const std::vector<GlyphPoint>& triangles, double z) {
   for (const GlyphPoint& point : triangles) glVertex3d(point.x, point.y, z);
 }
@@ -136,6 +131,10 @@ void SendWalls(const std::vector<GlyphPoint>& edges, double depth) {
 
 }  // namespace
 
+double GlyphDepth(double extrusion) {
+  return extrusion > 0.0 && std::isfinite(static_cast<float>(extrusion)) ? extrusion : 0.0;
+}
+
 GlyphSolid FillGlyph(const Glyph& glyph) {
   if (glyph.contours.empty()) return {};
   return {.triangles = TessellatorRun(false).Gather(glyph.contours),
@@ -148,24 +147,10 @@ void SendGlyphSolid(const GlyphSolid& solid, double extrusion) {
   glNormal3d(0.0, 0.0, 1.0);
   SendFace(solid.triangles, 0.0);
   glNormal3d(0.0, 0.0, -1.0);
-  const double depth = Depth(extrusion);
+  const double depth = GlyphDepth(extrusion);
   SendFace({solid.triangles.rbegin(), solid.triangles.rend()}, -depth);
   if (depth > 0.0) SendWalls(solid.edges, depth);
   glEnd();
-}
-
-void AppendGlyphTriangles(const GlyphSolid& solid, double extrusion,
-                          std::vector<point3Dtype>& corners) {
-  const double depth = Depth(extrusion);
-  for (const GlyphPoint& point : solid.triangles) corners.push_back({point.x, point.y, 0.0, 0.0});
-  std::for_each(solid.triangles.rbegin(), solid.triangles.rend(), [&](const GlyphPoint& point) {
-    corners.push_back({point.x, point.y, -depth, 0.0});
-  });
-  if (depth == 0.0) return;
-  for (std::size_t i = 0; i + 1 < solid.edges.size(); i += 2) {
-    const std::array<point3Dtype, 6> wall = Wall(solid.edges[i], solid.edges[i + 1], depth);
-    corners.insert(corners.end(), wall.begin(), wall.end());
-  }
 }
 
 }  // namespace orvalix

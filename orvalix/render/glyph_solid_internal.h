@@ -21,13 +21,11 @@ struct GlyphSolid {
 /// @throws std::bad_alloc
 GlyphSolid FillGlyph(const Glyph& glyph);
 
+/// How far the back of a character lies behind its front.
+double GlyphDepth(double extrusion);
+
 /// Sends a solid to OpenGL: its front face at z = 0, its back face at z = -extrusion and, where
 /// there is an extrusion, the walls between them, with normals that point outwards.
 void SendGlyphSolid(const GlyphSolid& solid, double extrusion);
-
-/// Appends the corners of the same solid's triangles, counterclockwise from outside.
-/// @throws std::bad_alloc
-void AppendGlyphTriangles(const GlyphSolid& solid, double extrusion,
-                          std::vector<point3Dtype>& corners);
 
 }  // namespace orvalix

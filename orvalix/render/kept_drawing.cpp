@@ -1,6 +1,7 @@
 #include "orvalix/render/kept_drawing.h"
 
 #include <cstring>
+#include <new>
 
 #include "orvalix/render/kept_drawing_internal.h"
 
@@ -32,9 +33,9 @@ KeptDrawingSlot::~KeptDrawingSlot() = default;
 
 void KeptDrawingSlot::Forget() noexcept { m_drawing.reset(); }
 
-KeptDrawing& KeptDrawingSlot::Get() {
-  if (m_drawing == nullptr) m_drawing = std::make_unique<KeptDrawing>();
-  return *m_drawing;
+KeptDrawing* KeptDrawingSlot::TryGet() noexcept {
+  if (m_drawing == nullptr) m_drawing.reset(new (std::nothrow) KeptDrawing);
+  return m_drawing.get();
 }
 
 }  // namespace orvalix

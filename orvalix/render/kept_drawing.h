@@ -21,9 +21,8 @@ class KeptDrawingSlot {
 
   /// What shapes the object has changed.
   void Forget() noexcept;
-  /// The drawing, made when there is none.
-  /// @throws std::bad_alloc
-  KeptDrawing& Get();
+  /// The drawing, made when there is none; null when memory runs out.
+  KeptDrawing* TryGet() noexcept;
 
  private:
   std::unique_ptr<KeptDrawing> m_drawing;

@@ -11,6 +11,7 @@
 
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/kept_drawing.h"
+#include "orvalix/render/kept_texts_internal.h"
 #include "orvalix/render/open_gl.h"
 
 namespace orvalix {
@@ -41,7 +42,7 @@ class KeptDrawing {
     }
     m_list.reset();
     {
-      const COpenGL::Gathering gathering(context, nullptr);
+      const COpenGL::Gathering gathering(context);
       draw();
     }
     if (context.HasFailedToGather()) {
@@ -61,20 +62,17 @@ class KeptDrawing {
     }
   }
 
-  /// Gathers what `draw` draws, texts too, for this once.
+  /// Draws what `draw` draws, texts too.
   template <class Draw>
-  static void RunOnce(COpenGL& context, const double* textMatrix, Draw draw) {
+  void RunTexts(COpenGL& context, const double* textMatrix, Draw draw) {
     const COpenGL::DrawingState start = context.GetDrawingState();
     {
-      const COpenGL::Gathering gathering(context, textMatrix);
+      const COpenGL::Gathering gathering(context, textMatrix, m_texts);
       draw();
     }
-    if (context.HasFailedToGather()) {
-      context.SetDrawingState(start);
-      DrawOneByOne(context, draw);
-    }
-    COpenGL::DrawingState end;
-    context.TakeGathered(end);
+    if (!context.HasFailedToGather()) return;
+    context.SetDrawingState(start);
+    DrawOneByOne(context, draw);
   }
 
   template <class Draw>
@@ -96,6 +94,7 @@ class KeptDrawing {
   std::vector<double> m_shape;  ///< for which it was gathered
   unsigned m_inherited = 0;     ///< parts of the context's state that it was gathered in
   COpenGL::DrawingState m_end;  ///< of the context afterwards
+  KeptTexts m_texts;            ///< of an object that draws texts
 };
 
 /// Draws an object: what its slot keeps, if it still has that shape, else what `draw` draws.
@@ -112,7 +111,7 @@ void DrawKeeping(KeptDrawingSlot& slot, COpenGL& context, Shape shape, Draw draw
       numbers = shape();
       KeptDrawing::AppendState(context, numbers);
       numbers.reserve(numbers.size() + KeptDrawing::kMostInherited);
-      kept = &slot.Get();
+      kept = slot.TryGet();
     } catch (const std::bad_alloc&) {
       kept = nullptr;
     }
@@ -124,17 +123,18 @@ void DrawKeeping(KeptDrawingSlot& slot, COpenGL& context, Shape shape, Draw draw
   }
 }
 
-/// Draws what changes too often to be kept, such as texts: gathered, for this once.
+/// Draws texts and what belongs to them, gathered in each frame; their triangles are kept.
 /// @param textMatrix the matrix that CTransform3D::TextTransform() has just captured; loaded first.
 ///   What is drawn through any other one is drawn one by one.
 template <class Draw>
-void DrawGathered(COpenGL& context, const double* textMatrix, Draw draw) {
+void DrawTexts(KeptDrawingSlot& slot, COpenGL& context, const double* textMatrix, Draw draw) {
   const auto drawThrough = [&] {
     context.LoadMatrixTransform(textMatrix);
     draw();
   };
-  if (KeptDrawing::CanGather(context)) {
-    KeptDrawing::RunOnce(context, textMatrix, drawThrough);
+  KeptDrawing* const kept = KeptDrawing::CanGather(context) ? slot.TryGet() : nullptr;
+  if (kept != nullptr) {
+    kept->RunTexts(context, textMatrix, drawThrough);
   } else {
     KeptDrawing::DrawOneByOne(context, drawThrough);
   }

@@ -44,7 +44,7 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_clippingEnabled(0),
       m_gathering(1),
       m_hidesFarSides(false),
-      m_gathersTexts(false),
+      m_texts(nullptr),
       m_textMatrix(nullptr),
       m_setSince(0),
       m_inherited(0),

@@ -21,10 +21,12 @@ namespace orvalix {
 class BufferPool;
 class DrawList;
 class DrawRecorder;
+class FontGlyphs;
 struct RecordedFill;
 struct RecordedStroke;
 class GLBinding;
 class KeptDrawing;
+class KeptTexts;
 }  // namespace orvalix
 
 /// Selector of the global ambient light in the light operations. It is this library's own and no
@@ -389,6 +391,7 @@ class ORVALIX_API COpenGL {
   void UploadTexture(int size);
 
   friend class orvalix::KeptDrawing;
+  friend class CChartView3D;
   friend class CFont3D;
   friend class CTextObj3D;
   friend class CTransform3D;
@@ -415,8 +418,12 @@ class ORVALIX_API COpenGL {
   /// Gathers what is drawn while it lives, then draws it.
   class Gathering {
    public:
-    /// @param textMatrix through which texts are gathered too; null: the first one ends it
-    Gathering(COpenGL& context, const double* textMatrix);
+    /// The first text ends it.
+    explicit Gathering(COpenGL& context);
+    /// Gathers texts too.
+    /// @param textMatrix through which they are gathered
+    /// @param texts keeps what was gathered
+    Gathering(COpenGL& context, const double* textMatrix, orvalix::KeptTexts& texts);
     ~Gathering();
     Gathering(const Gathering&) = delete;
     Gathering& operator=(const Gathering&) = delete;
@@ -439,14 +446,16 @@ class ORVALIX_API COpenGL {
    private:
     COpenGL& m_context;
   };
-  void BeginGathering(const double* textMatrix);
+  void BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts);
   /// True while texts are being gathered.
-  bool GathersTexts() const { return m_recorder != nullptr && m_gathersTexts; }
+  bool GathersTexts() const { return m_recorder != nullptr && m_texts != nullptr; }
   /// True while texts are being gathered through that matrix, which is up to date.
   bool GathersTextsThrough(const double* matrix) const {
     return GathersTexts() && matrix == m_textMatrix;
   }
   void EndGathering() noexcept;
+  /// @throws std::bad_alloc
+  void DrawRecorded(orvalix::DrawRecorder& recorder);
   /// Nothing of what was gathered last could be drawn: memory ran out.
   bool HasFailedToGather() const { return m_hasFailedToGather; }
   /// What was gathered last, with the state after it; null when not all of it could be.
@@ -481,8 +490,12 @@ class ORVALIX_API COpenGL {
   orvalix::RecordedFill RecordedFillNow();
   orvalix::RecordedStroke RecordedStrokeNow();
   void RecordPolygon(const point3Dtype* points, int n);
-  /// Flat triangles in the current colour, three corners each.
-  void RecordTriangles(const std::vector<point3Dtype>& corners);
+  /// A character in the current colour.
+  void RecordGlyph(orvalix::FontGlyphs& font, std::size_t code);
+  CFont3D* FontToRegister();
+  /// As RegisterFont(), but with display lists only once somebody asks for them.
+  int RegisterFontOfView(CString const& face, double scale, int weight, int italic, int underline,
+                         int numChars);
   void RecordSolid(const point3Dtype* corners);
   void RecordFrame(const point3Dtype* points, int n);
   void RecordLine(point3Dtype const& a, point3Dtype const& b);
@@ -532,12 +545,12 @@ class ORVALIX_API COpenGL {
   float m_sentLineWidth;                          ///< pixels, as last sent to OpenGL
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
-  bool m_hidesFarSides;        ///< of closed solids: nothing else could show their inside
-  bool m_gathersTexts;         ///< while drawing is being gathered
-  const double* m_textMatrix;  ///< through which texts are gathered
-  unsigned m_setSince;         ///< parts of the state that were set since gathering began
-  unsigned m_inherited;        ///< parts that were used before
-  bool m_hasFailedToGather;    ///< memory ran out, and nothing was drawn
+  bool m_hidesFarSides;         ///< of closed solids: nothing else could show their inside
+  orvalix::KeptTexts* m_texts;  ///< of what is being gathered; null: without texts
+  const double* m_textMatrix;   ///< through which texts are gathered
+  unsigned m_setSince;          ///< parts of the state that were set since gathering began
+  unsigned m_inherited;         ///< parts that were used before
+  bool m_hasFailedToGather;     ///< memory ran out, and nothing was drawn
   std::unique_ptr<orvalix::DrawRecorder> m_recorder;  ///< null unless drawing is being gathered
   std::unique_ptr<orvalix::DrawList> m_gathered;      ///< as a whole, until it is taken
   DrawingState m_gatheredEnd;                         ///< the state after it

@@ -27,10 +27,22 @@ int COpenGL::RegisterFont(CString const& face, double scale, int weight, int ita
 
 int COpenGL::RegisterFont(CString const& face, double scale, int weight, int italic, int underline,
                           int numChars) {
-  if (m_fonts.IsEmpty()) NewFont3D();
-  CFont3D* font = GetFont();
+  CFont3D* font = FontToRegister();
   if (font == nullptr) return 0;
   return font->RegisterFont(face, scale, weight, italic, underline, numChars);
+}
+
+int COpenGL::RegisterFontOfView(CString const& face, double scale, int weight, int italic,
+                                int underline, int numChars) {
+  CFont3D* font = FontToRegister();
+  if (font == nullptr) return 0;
+  return font->Register(face, scale, weight, italic, underline, numChars,
+                        CFont3D::Lists::kWhenAskedFor);
+}
+
+CFont3D* COpenGL::FontToRegister() {
+  if (m_fonts.IsEmpty()) NewFont3D();
+  return GetFont();
 }
 
 CFont3D* COpenGL::GetFont() const { return m_fonts.At(m_currentFont); }

@@ -5,8 +5,10 @@
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/draw_recorder_internal.h"
+#include "orvalix/render/font_glyphs_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/gl_binding_internal.h"
+#include "orvalix/render/kept_texts_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/placeable_internal.h"
 #include "orvalix/render/view_direction_internal.h"
@@ -33,8 +35,13 @@ void LoadMatrix(const double* loaded, const std::array<double, 16>& moved) {
 
 }  // namespace
 
-COpenGL::Gathering::Gathering(COpenGL& context, const double* textMatrix) : m_context(context) {
-  context.BeginGathering(textMatrix);
+COpenGL::Gathering::Gathering(COpenGL& context) : m_context(context) {
+  context.BeginGathering(nullptr, nullptr);
+}
+
+COpenGL::Gathering::Gathering(COpenGL& context, const double* textMatrix, orvalix::KeptTexts& texts)
+    : m_context(context) {
+  context.BeginGathering(textMatrix, &texts);
 }
 
 COpenGL::Gathering::~Gathering() { m_context.EndGathering(); }
@@ -60,8 +67,8 @@ bool COpenGL::CanGather() const {
          m_binding->IsCurrent() && IsRendering();
 }
 
-void COpenGL::BeginGathering(const double* textMatrix) {
-  m_gathersTexts = textMatrix != nullptr;
+void COpenGL::BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts) {
+  m_texts = texts;
   m_textMatrix = textMatrix;
   m_buffers->DeleteReturned();
   m_gathered.reset();
@@ -84,16 +91,23 @@ void COpenGL::EndGathering() noexcept {
   if (m_recorder == nullptr) return;
   m_gatheredEnd = GetDrawingState();
   const std::unique_ptr<orvalix::DrawRecorder> recorder = std::move(m_recorder);
+  const int isClippedAtFirst = recorder->Geometry().isClippedAtFirst;
+  m_hasFailedToGather = recorder->HasFailed();
   try {
-    if (!recorder->HasFailed()) {
-      m_gathered = std::make_unique<orvalix::DrawList>(m_buffers, recorder->Geometry());
-      m_gathered->Draw();
-    }
+    if (!m_hasFailedToGather) DrawRecorded(*recorder);
   } catch (const std::bad_alloc&) {
-    m_gathered.reset();
+    m_hasFailedToGather = true;
   }
-  m_hasFailedToGather = m_gathered == nullptr;
-  RestoreState(m_gatheredEnd, recorder->Geometry().isClippedAtFirst);
+  RestoreState(m_gatheredEnd, isClippedAtFirst);
+}
+
+void COpenGL::DrawRecorded(orvalix::DrawRecorder& recorder) {
+  if (m_texts != nullptr) {
+    m_texts->Draw(m_buffers, recorder.TakeGeometry());
+  } else {
+    m_gathered = std::make_unique<orvalix::DrawList>(m_buffers, recorder.Geometry());
+    m_gathered->Draw();
+  }
 }
 
 void COpenGL::SendGathered() {
@@ -237,9 +251,13 @@ void COpenGL::RecordPolygon(const point3Dtype* points, int n) {
   if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
 }
 
-void COpenGL::RecordTriangles(const std::vector<point3Dtype>& corners) {
+void COpenGL::RecordGlyph(orvalix::FontGlyphs& font, std::size_t code) {
   Inherit(kCurrentColor);
-  m_recorder->AddTriangles(corners, ToFloats(m_currentColor));
+  try {
+    m_recorder->AddGlyph(font.Mesh(code), font.Number(), ToFloats(m_currentColor));
+  } catch (const std::bad_alloc&) {
+    m_recorder->Fail();
+  }
 }
 
 void COpenGL::RecordSolid(const point3Dtype* corners) {
