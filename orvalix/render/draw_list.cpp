@@ -4,6 +4,7 @@
 
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/pushed_back_internal.h"
 #include "orvalix/render/view_direction_internal.h"
 
 namespace orvalix {
@@ -136,6 +137,10 @@ class Clipping {
 };
 
 const void* Offset(std::size_t bytes) { return reinterpret_cast<const void*>(bytes); }
+
+void DrawIndexed(GLenum mode, std::size_t first, int count) {
+  glDrawElements(mode, count, GL_UNSIGNED_INT, Offset(first * sizeof(std::uint32_t)));
+}
 
 void PointTo(std::size_t at, int stride) { glVertexPointer(3, GL_FLOAT, stride, Offset(at)); }
 
@@ -279,22 +284,24 @@ DrawList::~DrawList() {
   pool->GiveBack(m_indexBuffer);
 }
 
-bool DrawList::IsHidden(const FacingDirection& direction) const {
+SideView DrawList::ViewOf(const FacingDirection& direction, bool isCutAnywhere) const {
   const auto extent =
       std::find_if(m_extents.begin(), m_extents.end(),
                    [&](const SolidExtent& known) { return known.matrix == direction.matrix; });
-  if (extent == m_extents.end()) return false;
+  if (extent == m_extents.end()) return SideView::kWhole;
   LoadMatrix(direction.matrix);
-  return LooksAway(ToClipSpace(), direction.normal, extent->low, extent->high);
+  const std::array<double, 16> toClipSpace = ToClipSpace();
+  return ViewOfSide(LooksAway(toClipSpace, direction.normal),
+                    isCutAnywhere || IsCutInFront(toClipSpace, extent->low, extent->high));
 }
 
 /// What a drawing of the list has found out, and the matrix that it has loaded.
 class DrawList::Frame {
  public:
   explicit Frame(const DrawList& list) {
-    if (IsCutAnywhere()) return;
-    std::transform(list.m_directions.begin(), list.m_directions.end(), m_isHidden.begin(),
-                   [&](const FacingDirection& direction) { return list.IsHidden(direction); });
+    const bool isCut = IsCutAnywhere();
+    std::transform(list.m_directions.begin(), list.m_directions.end(), m_views.begin(),
+                   [&](const FacingDirection& direction) { return list.ViewOf(direction, isCut); });
   }
 
   void Load(const double* matrix) {
@@ -303,30 +310,20 @@ class DrawList::Frame {
     m_loaded = matrix;
     m_hasLoaded = true;
   }
-  bool IsSeen(const Part& part) const { return !Hides(part.facing) || !Hides(part.otherFacing); }
+  SideView ViewOf(int facing) const {
+    return facing >= 0 ? m_views[static_cast<std::size_t>(facing)] : SideView::kWhole;
+  }
+  bool IsSeen(const Part& part) const {
+    return ViewOf(part.facing) != SideView::kNotSeen ||
+           ViewOf(part.otherFacing) != SideView::kNotSeen;
+  }
   bool IsSeen(const std::vector<Part>& parts) const {
     return std::any_of(parts.begin(), parts.end(),
                        [this](const Part& part) { return IsSeen(part); });
   }
-  /// Draws those that can be seen, one after another: some drivers spoil calls for several at once.
-  void Draw(GLenum mode, bool isIndexed, const std::vector<Part>& parts) const {
-    for (const Part& part : parts) {
-      if (!IsSeen(part)) continue;
-      if (isIndexed) {
-        glDrawElements(mode, part.count, GL_UNSIGNED_INT,
-                       Offset(part.first * sizeof(std::uint32_t)));
-      } else {
-        glDrawArrays(mode, static_cast<GLint>(part.first), part.count);
-      }
-    }
-  }
 
  private:
-  bool Hides(int facing) const {
-    return facing >= 0 && m_isHidden[static_cast<std::size_t>(facing)];
-  }
-
-  std::array<bool, kMostDirections> m_isHidden{};
+  std::array<SideView, kMostDirections> m_views{};
   bool m_hasLoaded = false;
   const double* m_loaded = nullptr;
 };
@@ -340,7 +337,6 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
     SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
   }
   SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
-  SetCapability(GL_POLYGON_OFFSET_FILL, state.isPushedBack != 0);
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
   glNormalPointer(GL_FLOAT, sizeof(FillVertex), Offset(offsetof(FillVertex, normal)));
@@ -354,11 +350,19 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glTexCoordPointer(1, GL_FLOAT, 0, Offset(m_fillTexturesAt));
   }
-  frame.Draw(GL_TRIANGLES, call.isIndexed, call.parts);
+  for (const Part& part : call.parts) {
+    if (!frame.IsSeen(part)) continue;
+    const PushedBack pushedBack(state.isPushedBack != 0,
+                                frame.ViewOf(part.facing) == SideView::kBehind);
+    if (call.isIndexed) {
+      DrawIndexed(GL_TRIANGLES, part.first, part.count);
+    } else {
+      glDrawArrays(GL_TRIANGLES, static_cast<GLint>(part.first), part.count);
+    }
+  }
   glDisableClientState(GL_TEXTURE_COORD_ARRAY);
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);
-  glDisable(GL_POLYGON_OFFSET_FILL);
 }
 
 void DrawList::DrawText(const TextCall& call, Frame& frame) const {
@@ -371,8 +375,7 @@ void DrawList::DrawText(const TextCall& call, Frame& frame) const {
   glEnable(GL_CULL_FACE);
   glCullFace(GL_BACK);
   PointToColored(m_textVerticesAt);
-  glDrawElements(GL_TRIANGLES, call.count, GL_UNSIGNED_INT,
-                 Offset(call.first * sizeof(std::uint32_t)));
+  DrawIndexed(GL_TRIANGLES, call.first, call.count);
   glDisableClientState(GL_COLOR_ARRAY);
   glDisable(GL_CULL_FACE);
 }
@@ -398,7 +401,9 @@ void DrawList::DrawLines(const LineCall& call, Frame& frame) const {
     PointToColored(m_lineVerticesAt);
   }
   if (state.isStrip == 0) {
-    frame.Draw(GL_LINES, true, call.parts);
+    for (const Part& part : call.parts) {
+      if (frame.IsSeen(part)) DrawIndexed(GL_LINES, part.first, part.count);
+    }
   } else {
     glShadeModel(GL_FLAT);
     glMultiDrawElements(GL_LINE_STRIP, call.stripCounts.data(), GL_UNSIGNED_INT,

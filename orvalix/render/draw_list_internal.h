@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "orvalix/render/gathered_geometry_internal.h"
+#include "orvalix/render/view_direction_internal.h"
 
 namespace orvalix {
 
@@ -90,9 +91,8 @@ class DrawList {
   /// @throws std::bad_alloc; those that were made then are the caller's to delete
   void MakeBuffers(const GatheredGeometry& geometry, std::size_t indices, std::size_t textVertices);
   void FillBuffers(const GatheredGeometry& geometry);
-  /// True for a direction whose faces can't be seen: they look away, and nothing that would hide
-  /// them is cut off in front of the viewer.
-  bool IsHidden(const FacingDirection& direction) const;
+  /// How the sides of closed solids that show that direction are drawn.
+  SideView ViewOf(const FacingDirection& direction, bool isCutAnywhere) const;
   class Frame;
   void DrawFill(const FillCall& call, Frame& frame) const;
   void DrawText(const TextCall& call, Frame& frame) const;

@@ -337,17 +337,24 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
     IndexList& indices = FillIndices(fill, -1);
     const auto first = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
     const std::array<float, 3> moved = MovedNormal(normal);
+    // Cut as OpenGL cuts polygons, whose first corner is each triangle's last one: depths are then
+    // rounded as in one that is drawn by itself.
+    const auto vertexOf = [&](std::uint32_t corner) {
+      return first + (corner + corners - 1) % corners;
+    };
     for (std::uint32_t i = 0; i < corners; ++i) {
-      AddFillVertex(Moved(points[i]), moved, fill.color, textures != nullptr ? textures[i] : 0.0F);
+      const std::uint32_t corner = (i + 1) % corners;
+      AddFillVertex(Moved(points[corner]), moved, fill.color,
+                    textures != nullptr ? textures[corner] : 0.0F);
     }
     for (std::uint32_t i = 2; i < corners; ++i) {
-      for (const std::uint32_t index : {first, first + i - 1, first + i}) indices.push_back(index);
+      for (const std::uint32_t corner : {i - 1, i, 0U}) indices.push_back(vertexOf(corner));
     }
     if (fill.isOutlined == 0) return;
     const std::size_t edges = EdgeGroupFor(fill, -1, -1);
     for (std::uint32_t i = 1; i < static_cast<std::uint32_t>(n); ++i) {
-      const std::uint32_t from = first + i - 1;
-      const std::uint32_t to = first + i % corners;
+      const std::uint32_t from = vertexOf(i - 1);
+      const std::uint32_t to = vertexOf(i % corners);
       // Polygons that meet share it.
       if (IsDrawnAlready(edges, m_geometry.fillVertices[from].position,
                          m_geometry.fillVertices[to].position, ToFloats(fill.outlineColor))) {
@@ -404,7 +411,7 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
         AddFillVertex(moved[corner], movedNormal, fill.color,
                       textures != nullptr ? textures[corner] : 0.0F);
       }
-      for (const std::uint32_t corner : {0U, 1U, 2U, 0U, 2U, 3U}) {
+      for (const std::uint32_t corner : {1U, 2U, 0U, 2U, 3U, 0U}) {
         indices.push_back(first[i] + corner);
       }
     }

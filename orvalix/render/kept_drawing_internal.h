@@ -77,7 +77,7 @@ class KeptDrawing {
 
   template <class Draw>
   static void DrawOneByOne(COpenGL& context, Draw draw) {
-    const COpenGL::HidingFarSides hiding(context);
+    const COpenGL::TellingFarSides telling(context);
     draw();
   }
   static bool CanGather(const COpenGL& context) { return context.CanGather(); }

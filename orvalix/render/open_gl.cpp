@@ -12,6 +12,7 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/gl_binding_internal.h"
 #include "orvalix/render/pixel_format_internal.h"
+#include "orvalix/render/pushed_back_internal.h"
 
 namespace {
 
@@ -43,7 +44,8 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_sentLineWidth(1.0F),
       m_clippingEnabled(0),
       m_gathering(1),
-      m_hidesFarSides(false),
+      m_tellsFarSides(false),
+      m_isCutAnywhere(false),
       m_texts(nullptr),
       m_textMatrix(nullptr),
       m_setSince(0),
@@ -117,7 +119,7 @@ void COpenGL::InitContext() {
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
   glDisable(GL_POLYGON_SMOOTH);
-  glPolygonOffset(1.0F, 1.0F);
+  orvalix::PushedBack::SetForOutlines();
   glMatrixMode(GL_PROJECTION);
   glLoadIdentity();
   glEnable(GL_NORMALIZE);

@@ -387,6 +387,8 @@ class ORVALIX_API COpenGL {
   void BeginOutline(RGBDType const& color);
   void EndOutline();
   void SendVertex(point3Dtype const& point);
+  /// @param isBehind as orvalix::PushedBack
+  void FillPolygon(const point3Dtype* points, int n, bool isBehind);
   double TextureCoordinate(point3Dtype const& point) const;
   void UploadTexture(int size);
 
@@ -435,17 +437,18 @@ class ORVALIX_API COpenGL {
   bool IsRendering() const;
   /// True when OpenGL draws, and isn't to draw one by one.
   bool CanGather() const;
-  /// Hides the far sides of solids that are drawn one by one, as in gathered drawings.
-  class HidingFarSides {
+  /// Draws the far sides of solids that are drawn one by one as in gathered drawings.
+  class TellingFarSides {
    public:
-    explicit HidingFarSides(COpenGL& context);
-    ~HidingFarSides();
-    HidingFarSides(const HidingFarSides&) = delete;
-    HidingFarSides& operator=(const HidingFarSides&) = delete;
+    explicit TellingFarSides(COpenGL& context);
+    ~TellingFarSides();
+    TellingFarSides(const TellingFarSides&) = delete;
+    TellingFarSides& operator=(const TellingFarSides&) = delete;
 
    private:
     COpenGL& m_context;
   };
+  void TellFarSides();
   void BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts);
   /// True while texts are being gathered.
   bool GathersTexts() const { return m_recorder != nullptr && m_texts != nullptr; }
@@ -545,7 +548,8 @@ class ORVALIX_API COpenGL {
   float m_sentLineWidth;                          ///< pixels, as last sent to OpenGL
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
-  bool m_hidesFarSides;         ///< of closed solids: nothing else could show their inside
+  bool m_tellsFarSides;         ///< sides of closed solids that look away, from the others
+  bool m_isCutAnywhere;         ///< and their insides may be seen
   orvalix::KeptTexts* m_texts;  ///< of what is being gathered; null: without texts
   const double* m_textMatrix;   ///< through which texts are gathered
   unsigned m_setSince;          ///< parts of the state that were set since gathering began

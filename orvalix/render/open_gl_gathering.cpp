@@ -50,11 +50,16 @@ void COpenGL::SetGathering(int flag) { m_gathering = flag; }
 
 int COpenGL::GetGathering() const { return m_gathering; }
 
-COpenGL::HidingFarSides::HidingFarSides(COpenGL& context) : m_context(context) {
-  context.m_hidesFarSides = context.IsRendering() && !orvalix::IsCutAnywhere();
+void COpenGL::TellFarSides() {
+  m_tellsFarSides = true;
+  m_isCutAnywhere = orvalix::IsCutAnywhere();
 }
 
-COpenGL::HidingFarSides::~HidingFarSides() { m_context.m_hidesFarSides = false; }
+COpenGL::TellingFarSides::TellingFarSides(COpenGL& context) : m_context(context) {
+  if (context.IsRendering()) context.TellFarSides();
+}
+
+COpenGL::TellingFarSides::~TellingFarSides() { m_context.m_tellsFarSides = false; }
 
 bool COpenGL::IsRendering() const {
   GLint mode = 0;
@@ -82,12 +87,12 @@ void COpenGL::BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts
     m_recorder = std::make_unique<orvalix::DrawRecorder>(state);
   } catch (const std::bad_alloc&) {
     m_recorder.reset();  // one by one, then
-    m_hidesFarSides = !orvalix::IsCutAnywhere();
+    TellFarSides();
   }
 }
 
 void COpenGL::EndGathering() noexcept {
-  m_hidesFarSides = false;
+  m_tellsFarSides = false;
   if (m_recorder == nullptr) return;
   m_gatheredEnd = GetDrawingState();
   const std::unique_ptr<orvalix::DrawRecorder> recorder = std::move(m_recorder);

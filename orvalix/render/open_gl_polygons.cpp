@@ -7,10 +7,13 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
 #include "orvalix/render/placeable_internal.h"
+#include "orvalix/render/pushed_back_internal.h"
 #include "orvalix/render/solid_faces_internal.h"
 #include "orvalix/render/view_direction_internal.h"
 
 namespace {
+
+using orvalix::SideView;
 
 /// Keeps the texture coordinate of the lowest value inside the first texture entry.
 constexpr double kTextureInset = 0.004;
@@ -18,13 +21,13 @@ constexpr double kTextureInset = 0.004;
 constexpr int kCorners = 8;
 constexpr int kFaces = 6;
 
-/// Which faces of a solid are hidden by its others; all false for one that has no inside.
-std::array<bool, kFaces> FarSides(const point3Dtype* corners) {
+/// How the faces of a solid are drawn; one that isn't closed has no inside.
+std::array<SideView, kFaces> ViewsOfSides(const point3Dtype* corners, bool isCutAnywhere) {
   std::array<point3Dtype, kCorners> solid;
   std::copy_n(corners, kCorners, solid.begin());
   const orvalix::SolidSides sides = orvalix::FindSides(solid);
-  std::array<bool, kFaces> isFar{};
-  if (!sides.isClosed) return isFar;
+  std::array<SideView, kFaces> views{};
+  if (!sides.isClosed) return views;
   std::array<double, 3> low{corners[0].x, corners[0].y, corners[0].z};
   std::array<double, 3> high = low;
   for (const point3Dtype& corner : solid) {
@@ -35,10 +38,12 @@ std::array<bool, kFaces> FarSides(const point3Dtype* corners) {
     }
   }
   const std::array<double, 16> matrix = orvalix::ToClipSpace();
-  for (std::size_t i = 0; i < isFar.size(); ++i) {
-    isFar[i] = !sides.hasNoArea[i] && orvalix::LooksAway(matrix, sides.outward[i], low, high);
+  const bool isCut = isCutAnywhere || orvalix::IsCutInFront(matrix, low, high);
+  for (std::size_t i = 0; i < views.size(); ++i) {
+    if (sides.hasNoArea[i]) continue;
+    views[i] = orvalix::ViewOfSide(orvalix::LooksAway(matrix, sides.outward[i]), isCut);
   }
-  return isFar;
+  return views;
 }
 
 }  // namespace
@@ -51,7 +56,9 @@ double COpenGL::TextureCoordinate(point3Dtype const& point) const {
   return (value - m_textureMinimum) * m_textureScale + kTextureInset;
 }
 
-void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
+void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) { FillPolygon(points, n, false); }
+
+void COpenGL::FillPolygon(const point3Dtype* points, int n, bool isBehind) {
   SetFillStyle3D(m_fillColor, m_fillColor2, m_outlineColor);
   if (m_recorder == nullptr) glPolygonMode(GL_FRONT, GL_FILL);
   if (points == nullptr || n < 1 || !orvalix::ArePlaceable(points, n)) return;
@@ -60,22 +67,21 @@ void COpenGL::PolyFillAbs3D(const point3Dtype* points, int n) {
     return;
   }
   const bool outlined = m_polygonOutlineMode != 0;
-  // The filled area gives way, by the depth that it covers in a pixel, to the lines on its edge.
-  if (outlined) glEnable(GL_POLYGON_OFFSET_FILL);
-  glBegin(GL_POLYGON);
-  if (n >= 3) {
-    point3Dtype normal;
-    CalcNormal(points[0], points[1], points[2], normal);
-    glNormal3d(normal.x, normal.y, normal.z);
+  {
+    const orvalix::PushedBack pushedBack(outlined, isBehind);
+    glBegin(GL_POLYGON);
+    if (n >= 3) {
+      point3Dtype normal;
+      CalcNormal(points[0], points[1], points[2], normal);
+      glNormal3d(normal.x, normal.y, normal.z);
+    }
+    for (int i = 0; i < n; ++i) {
+      if (m_textureEnabled != 0) glTexCoord1d(TextureCoordinate(points[i]));
+      SendVertex(points[i]);
+    }
+    glEnd();
   }
-  for (int i = 0; i < n; ++i) {
-    if (m_textureEnabled != 0) glTexCoord1d(TextureCoordinate(points[i]));
-    SendVertex(points[i]);
-  }
-  glEnd();
-  if (!outlined) return;
-  glDisable(GL_POLYGON_OFFSET_FILL);
-  Frame3D(points, n);
+  if (outlined) Frame3D(points, n);
 }
 
 void COpenGL::DrawSimpleZPlane(double width, double depth, double, RGBDType const& fill,
@@ -102,16 +108,18 @@ void COpenGL::DrawSolidObject3D(const point3Dtype* corners, RGBDType const& fill
     RecordSolid(corners);
     return;
   }
-  // Single pixels of them would be seen at the outlines.
-  const std::array<bool, kFaces> isHidden =
-      isWhole && m_hidesFarSides ? FarSides(corners) : std::array<bool, kFaces>{};
+  // Single pixels of far sides would be seen at the outlines. Where clip planes open solids, what
+  // they show inside is a matter of the order too.
+  const bool tellsFarSides = isWhole && m_tellsFarSides && m_clippingEnabled == 0;
+  const std::array<SideView, kFaces> views =
+      tellsFarSides ? ViewsOfSides(corners, m_isCutAnywhere) : std::array<SideView, kFaces>{};
   for (std::size_t k = 0; k < orvalix::kSolidFaces.size(); ++k) {
     const orvalix::SolidFace& face = orvalix::kSolidFaces[k];
-    if (faceFlags[face.flag] == 0 || isHidden[k]) continue;
+    if (faceFlags[face.flag] == 0 || views[k] == SideView::kNotSeen) continue;
     std::array<point3Dtype, 5> outlined;
     for (std::size_t i = 0; i < outlined.size(); ++i) outlined[i] = corners[face.corners[i % 4]];
     SetFillStyle3D(fill, black, outline);
-    PolyFillAbs3D(outlined.data(), static_cast<int>(outlined.size()));
+    FillPolygon(outlined.data(), static_cast<int>(outlined.size()), views[k] == SideView::kBehind);
   }
 }
 

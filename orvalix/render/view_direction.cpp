@@ -14,6 +14,10 @@ constexpr double kEdgeOn = 1e-4;
 /// Depths in front of which nothing is drawn.
 constexpr double kNearest = -1.0;
 
+bool IsParallel(const std::array<double, 16>& m) {
+  return m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] == 1.0;
+}
+
 }  // namespace
 
 std::array<double, 16> ToClipSpace() {
@@ -39,16 +43,9 @@ bool IsCutAnywhere() {
   return false;
 }
 
-bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal,
-               const std::array<double, 3>& low, const std::array<double, 3>& high) {
-  const bool isParallel = m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] == 1.0;
-  if (!isParallel) return false;
+bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal) {
+  if (!IsParallel(m)) return false;
   const std::array<double, 3> depth{m[2], m[6], m[10]};
-  double nearest = m[14];
-  for (std::size_t i = 0; i < depth.size(); ++i) {
-    nearest += std::min(depth[i] * low[i], depth[i] * high[i]);
-  }
-  if (!(nearest > kNearest)) return false;
   // The third row of the inverse, transposed: how far a normal goes into the depth.
   const std::array<double, 3> row{m[4] * m[9] - m[5] * m[8], m[8] * m[1] - m[9] * m[0],
                                   m[0] * m[5] - m[1] * m[4]};
@@ -56,6 +53,17 @@ bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& nor
   const double length = std::sqrt(row[0] * row[0] + row[1] * row[1] + row[2] * row[2]);
   const double inward = (row[0] * normal[0] + row[1] * normal[1] + row[2] * normal[2]) / length;
   return determinant > 0.0 ? inward > kEdgeOn : determinant < 0.0 && -inward > kEdgeOn;
+}
+
+bool IsCutInFront(const std::array<double, 16>& m, const std::array<double, 3>& low,
+                  const std::array<double, 3>& high) {
+  if (!IsParallel(m)) return true;
+  double nearest = m[14];
+  for (const std::size_t i : {0U, 1U, 2U}) {
+    const double depth = m[i * 4 + 2];
+    nearest += std::min(depth * low[i], depth * high[i]);
+  }
+  return !(nearest > kNearest);
 }
 
 }  // namespace orvalix

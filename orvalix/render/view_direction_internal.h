@@ -12,11 +12,29 @@ std::array<double, 16> ToClipSpace();
 /// True while OpenGL cuts anything off: insides of solids may then be seen.
 bool IsCutAnywhere();
 
-/// True when a face with that outward normal looks away from the viewer, and nothing between the
-/// corners `low` and `high` is cut off in front of him, so that the solid's other faces hide it.
-/// Viewers who don't look everywhere along the same line see every face.
+/// True when a face with that outward normal looks away from the viewer. None does for viewers who
+/// don't look everywhere along the same line.
 /// @param m as ToClipSpace() tells it
-bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal,
-               const std::array<double, 3>& low, const std::array<double, 3>& high);
+bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal);
+
+/// True when something between the corners `low` and `high` is cut off in front of the viewer, who
+/// may then look into solids; otherwise the sides that look away are hidden by the others.
+/// @param m as ToClipSpace() tells it
+bool IsCutInFront(const std::array<double, 16>& m, const std::array<double, 3>& low,
+                  const std::array<double, 3>& high);
+
+/// How a side of a closed solid is drawn.
+enum class SideView {
+  kWhole,    ///< as it is
+  kBehind,   ///< it looks away: at the same depth, sides that look at the viewer cover it
+  kNotSeen,  ///< it needn't be drawn
+};
+
+/// Of sides that may look away.
+/// @param isCut true when the viewer may look into the solid
+constexpr SideView ViewOfSide(bool looksAway, bool isCut) {
+  if (!looksAway) return SideView::kWhole;
+  return isCut ? SideView::kBehind : SideView::kNotSeen;
+}
 
 }  // namespace orvalix

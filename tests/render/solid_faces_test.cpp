@@ -10,8 +10,11 @@
 namespace {
 
 using orvalix::FindSides;
+using orvalix::IsCutInFront;
 using orvalix::LooksAway;
+using orvalix::SideView;
 using orvalix::SolidSides;
+using orvalix::ViewOfSide;
 
 using Corners = std::array<point3Dtype, 8>;
 
@@ -74,40 +77,49 @@ TEST(SolidFaces, TwelveEdgesJoinTwoFacesEach) {
 }
 
 constexpr std::array<double, 16> kStraight{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-constexpr std::array<double, 3> kLow{-0.5, -0.5, -0.5};
-constexpr std::array<double, 3> kHigh{0.5, 0.5, 0.5};
 
 // In clip space, depths grow away from the viewer.
 TEST(ViewDirection, FacesThatLookIntoTheDepthLookAway) {
-  EXPECT_TRUE(LooksAway(kStraight, {0, 0, 1}, kLow, kHigh));
-  EXPECT_FALSE(LooksAway(kStraight, {0, 0, -1}, kLow, kHigh));
-  EXPECT_FALSE(LooksAway(kStraight, {1, 0, 0}, kLow, kHigh)) << "edge-on";
+  EXPECT_TRUE(LooksAway(kStraight, {0, 0, 1}));
+  EXPECT_FALSE(LooksAway(kStraight, {0, 0, -1}));
+  EXPECT_FALSE(LooksAway(kStraight, {1, 0, 0})) << "edge-on";
   std::array<double, 16> mirrored = kStraight;
   mirrored[10] = -1;  // the depth turned round
-  EXPECT_FALSE(LooksAway(mirrored, {0, 0, 1}, kLow, kHigh));
-  EXPECT_TRUE(LooksAway(mirrored, {0, 0, -1}, kLow, kHigh));
+  EXPECT_FALSE(LooksAway(mirrored, {0, 0, 1}));
+  EXPECT_TRUE(LooksAway(mirrored, {0, 0, -1}));
 }
 
-TEST(ViewDirection, NothingLooksAwayWhereItIsCutOffInFrontOfTheViewer) {
-  EXPECT_FALSE(LooksAway(kStraight, {0, 0, 1}, {-0.5, -0.5, -1.5}, kHigh));
-  EXPECT_TRUE(LooksAway(kStraight, {0, 0, 1}, {-5, -5, -0.5}, {5, 5, 5})) << "cut off elsewhere";
+TEST(ViewDirection, SolidsAreCutOpenInFrontOfTheViewerAlone) {
+  EXPECT_FALSE(IsCutInFront(kStraight, {-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5}));
+  EXPECT_TRUE(IsCutInFront(kStraight, {-0.5, -0.5, -1.5}, {0.5, 0.5, 0.5}));
+  EXPECT_FALSE(IsCutInFront(kStraight, {-5, -5, -0.5}, {5, 5, 5})) << "cut off elsewhere";
+  std::array<double, 16> perspective = kStraight;
+  perspective[11] = -0.5;
+  EXPECT_TRUE(IsCutInFront(perspective, {-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5})) << "not known";
+}
+
+TEST(ViewDirection, SidesThatLookAwayAreDrawnWhereTheyMayBeSeen) {
+  EXPECT_EQ(ViewOfSide(false, false), SideView::kWhole);
+  EXPECT_EQ(ViewOfSide(false, true), SideView::kWhole);
+  EXPECT_EQ(ViewOfSide(true, false), SideView::kNotSeen);
+  EXPECT_EQ(ViewOfSide(true, true), SideView::kBehind);
 }
 
 TEST(ViewDirection, NothingLooksAwayInPerspective) {
   std::array<double, 16> perspective = kStraight;
   perspective[11] = -0.5;
-  EXPECT_FALSE(LooksAway(perspective, {0, 0, 1}, kLow, kHigh));
-  EXPECT_FALSE(LooksAway(perspective, {0, 0, -1}, kLow, kHigh));
+  EXPECT_FALSE(LooksAway(perspective, {0, 0, 1}));
+  EXPECT_FALSE(LooksAway(perspective, {0, 0, -1}));
 }
 
 TEST(ViewDirection, NothingLooksAwayThroughMatricesWithoutADepth) {
-  EXPECT_FALSE(LooksAway({}, {0, 0, 1}, kLow, kHigh));
+  EXPECT_FALSE(LooksAway({}, {0, 0, 1}));
   std::array<double, 16> flat = kStraight;
   flat[10] = 0;
-  EXPECT_FALSE(LooksAway(flat, {0, 0, 1}, kLow, kHigh));
+  EXPECT_FALSE(LooksAway(flat, {0, 0, 1}));
   std::array<double, 16> undefined = kStraight;
   undefined[0] = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_FALSE(LooksAway(undefined, {0, 0, 1}, kLow, kHigh));
+  EXPECT_FALSE(LooksAway(undefined, {0, 0, 1}));
 }
 
 }  // namespace

@@ -103,9 +103,7 @@ std::vector<Look> Looks() {
   };
 }
 
-/// Solids that are cut open, or that stand in one another. Where faces of two colours touch, single
-/// pixels are shared out by the rounding of their depths, so that these looks are for series
-/// without such faces.
+/// Solids that are cut open, or that stand in one another.
 std::vector<Look> InsideLooks() {
   return {{"logarithmic", MakeLogarithmic},
           {"larger than the view",
@@ -158,7 +156,6 @@ TEST_P(GatheredPictures, AreThoseOfDrawingOneByOne) {
 }
 
 TEST_P(GatheredPictures, ShowTheSameInsideOfSolids) {
-  if (GetParam().hasTouchingFaces) GTEST_SKIP() << "its faces touch";
   for (const Look& look : InsideLooks()) {
     CompareFromAllSides(look, 0);
     if (GetParam().hasIndAxis) CompareFromAllSides(look, 1);

@@ -84,7 +84,6 @@ struct SeriesSample {
   std::string name;
   std::function<void(CChartObj3D&, int indAxis)> setUp;
   bool hasIndAxis = true;
-  bool hasTouchingFaces = false;  ///< of two solids, in colours of their own
   friend void PrintTo(const SeriesSample& sample, std::ostream* out) { *out << sample.name; }
 };
 

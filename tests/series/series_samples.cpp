@@ -40,14 +40,12 @@ std::vector<SeriesSample> SamplesInRows() {
        [](Object& o, int axis) {
          o.GroupBarChart25D(Ind(), Groups(), 3, 0, 4, 3, 0, 1.5, 3, Colors(), kSampleOutline, 1, 0,
                             axis);
-       },
-       true, true},
+       }},
       {"stacked_bars",
        [](Object& o, int axis) {
          o.GroupBarChart25D(Ind(), Groups(), 3, 0, 4, 3, 1, 1.5, 3, Colors(), kSampleOutline, 1, 0,
                             axis);
-       },
-       true, true},
+       }},
       {"group_ribbons",
        [](Object& o, int axis) {
          o.GroupRibbonChart25D(Ind(), Groups(), 3, 4, 3, 3, Colors(), kSampleOutline, 0, axis);
@@ -55,8 +53,7 @@ std::vector<SeriesSample> SamplesInRows() {
       {"group_areas",
        [](Object& o, int axis) {
          o.GroupAreaFillChart25D(Ind(), Groups(), 3, 4, 3, 3, Colors(), kSampleOutline, 0, axis);
-       },
-       true, true},
+       }},
       {"market",
        [](Object& o, int axis) {
          o.OHLCChart25D(Ind(), Rows(), 3, 4, Object::kCube, Object::kPyramid, 1, 2, Colors(),
@@ -71,8 +68,7 @@ std::vector<SeriesSample> SamplesInRows() {
        [](Object& o, int axis) {
          o.BoxAndWhiskerChart25D(Ind(), Rows(), 3, 4, 1, 2, Object::kDiamond, 1, 2, Colors(),
                                  kSampleOutline, 0, 0, axis, 1);
-       },
-       true, true},
+       }},
       {"floating_bars",
        [](Object& o, int axis) {
          o.FloatingBarChart25D(Ind(), Dep(), kSampleDep2.data(), 3, 4, 1.5, 3, kSampleFill,
