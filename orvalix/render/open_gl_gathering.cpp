@@ -127,6 +127,7 @@ void COpenGL::SendGathered() {
     LoadMatrix(saved.loaded, saved.moved);
     glPushMatrix();
   }
+  TellFarSides();  // the rest goes one by one
   RestoreState(state, recorder->Geometry().isClippedAtFirst);
   if (m_lineIsOpen) {
     // What interrupts a line in OpenGL ends it.

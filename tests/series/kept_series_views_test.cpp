@@ -5,11 +5,11 @@
 #include <optional>
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "series/gathering_fixture.h"
 #include "support/allocation_failure.h"
+#include "support/drawing_state.h"
 #include "support/feedback.h"
 
 // Kept drawings among contexts, beside other drawing, without memory, and over many frames.
@@ -20,33 +20,6 @@ using namespace orvalix::test;
 
 /// As of gathered drawings in general.
 constexpr int kMostDiffering = kSceneSize * kSceneSize / 800;
-
-/// What a drawing leaves behind for whoever draws next.
-std::vector<double> StateOf(const COpenGL& gl) {
-  const RGBDType line = gl.GetLineColor3D();
-  std::vector<double> state{double(gl.GetColorMode()),
-                            double(gl.GetLineStyle()),
-                            double(gl.GetLineStyleFactor()),
-                            gl.GetLineWidth3D(),
-                            double(gl.GetPolygonOutlineMode()),
-                            line.red,
-                            line.green,
-                            line.blue};
-  for (const int name :
-       {GL_LINE_WIDTH, GL_LIGHTING, GL_TEXTURE_1D, GL_CLIP_PLANE0, GL_LINE_STIPPLE_PATTERN,
-        GL_SHADE_MODEL, GL_CULL_FACE, GL_POLYGON_OFFSET_FILL, GL_LINE_STIPPLE, GL_MATRIX_MODE,
-        GL_MODELVIEW_STACK_DEPTH, GL_VERTEX_ARRAY, GL_COLOR_ARRAY, GL_ARRAY_BUFFER_BINDING}) {
-    double value = 0.0;
-    glGetDoublev(static_cast<GLenum>(name), &value);
-    state.push_back(value);
-  }
-  for (const auto& [name, count] : {std::pair{GL_CURRENT_COLOR, 4}, {GL_MODELVIEW_MATRIX, 16}}) {
-    std::array<double, 16> values{};
-    glGetDoublev(static_cast<GLenum>(name), values.data());
-    state.insert(state.end(), values.begin(), values.begin() + count);
-  }
-  return state;
-}
 
 TEST(KeptSeriesState, IsThatOfDrawingOneByOne) {
   for (const SeriesSample& sample : SeriesSamples()) {

@@ -1,0 +1,104 @@
+/// @file
+/// Drawing that is gathered, against the same drawn one by one.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "orvalix/foundation/colors.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "orvalix/render/kept_drawing_internal.h"
+#include "orvalix/render/transform_3d.h"
+#include "support/drawing_state.h"
+#include "support/offscreen.h"
+
+namespace orvalix::test {
+
+/// Red, green and blue of each pixel, row by row.
+using PixelBytes = std::vector<unsigned char>;
+
+inline constexpr int kGatheredSize = 200;
+/// Pixels at edges that may differ: one of a thousand.
+inline constexpr int kMostDiffering = kGatheredSize * kGatheredSize / 1000;
+
+inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
+  int differing = 0;
+  for (std::size_t i = 0; i + 2 < a.size() && i + 2 < b.size(); i += 3) {
+    if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
+  }
+  return differing;
+}
+
+/// A lit target that looks at the box from (0, 0, 0) to (10, 10, 10), turned.
+class GatheredScene {
+ public:
+  using Work = std::function<void(COpenGL&)>;
+
+  explicit GatheredScene(int gathering = 1)
+      : target(kGatheredSize, kGatheredSize),
+        gl(*target.gl),
+        transform(&gl, {0, 0, 0, 0}, {10, 10, 10, 0}) {
+    for (const int which : {GL_AMBIENT, GL_DIFFUSE, GL_SPECULAR, GL_POSITION}) gl.LoadLight(which);
+    gl.SetGathering(gathering);
+    transform.SetRotate({20, 10, 30, 0});
+    Clear();
+  }
+
+  void Clear() {
+    gl.MakeCurrent();
+    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    gl.LoadIdentity();
+  }
+  /// Draws through the chart's matrix, as series do, keeping what was drawn.
+  void Keep(const Work& work) {
+    Prepare();
+    orvalix::DrawKeeping(
+        slot, gl, [] { return std::vector<double>{}; },
+        [&] {
+          gl.LoadMatrixTransform(transform.GetGraphTransform());
+          work(gl);
+        });
+  }
+  /// Draws through the texts' matrix, as legends do, for this once.
+  void Gather(const Work& work) {
+    Prepare();
+    transform.TextTransform();
+    orvalix::DrawGathered(gl, transform.GetFontTransform(), [&] { work(gl); });
+  }
+  static PixelBytes Pixels() {
+    PixelBytes pixels(std::size_t{kGatheredSize} * kGatheredSize * 3);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(0, 0, kGatheredSize, kGatheredSize, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
+    return pixels;
+  }
+  PixelBytes Kept(const Work& work) {
+    Clear();
+    Keep(work);
+    return Pixels();
+  }
+  PixelBytes Gathered(const Work& work) {
+    Clear();
+    Gather(work);
+    return Pixels();
+  }
+
+  Offscreen target;
+  COpenGL& gl;
+  CTransform3D transform;
+  orvalix::KeptDrawingSlot slot;
+
+ private:
+  void Prepare() {
+    transform.ChartTransform();
+    gl.SetColorMode(1);
+    gl.SetPolygonOutlineMode(1);
+    gl.SetLineStyle3D(0, 1.0, {0, 0, 0, 1});
+  }
+};
+
+}  // namespace orvalix::test
