@@ -33,6 +33,14 @@ TEST(KeptAxes, WhatIsSetOfAnAxisShowsAtOnce) {
       OfAxis("second intercept", [](CAxis3D& a) { a.SetAxisIntercept2(4); }),
       // Lines have no light, and the wall's thickness only moves labels.
       Unseen(OfAxis("colour mode", [](CAxis3D& a) { a.SetColorMode(2); })),
+      OfAxis("defaults", [](CAxis3D& a) { a.InitAxisDefaults(); }),
+      {"another axis", [](AxesScene& s) { s.axes.GetAxis(1)->InitAxis(&s.gl, &s.transform, 0); }},
+      {"loading",
+       [](AxesScene& s) {
+         CAxis3D other(&s.gl, &s.transform, 1, 2, 8);
+         other.SetAxisTics(5, 0.5, 2, 0.1, 0.2, 1);
+         LoadFrom(*s.axes.GetAxis(1), Saved(other));
+       }},
       Unseen(OfAxis("wall thickness", [](CAxis3D& a) { a.SetAxisWallThickness(0.2); })),
   });
 }

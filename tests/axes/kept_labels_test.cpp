@@ -177,9 +177,28 @@ TEST(KeptLabels, WhatElseShapesThemShowsAtOnce) {
                     t.SetRotate({-30, 20, 200, 0});
                   }),
       {"size of the font", [](AxesScene& s) { s.gl.SetFontScaleFactor(0.2); }},
+      {"another axis",
+       [](AxesScene& s) {
+         s.axes.GetAxisLabels(0)->InitAxisLabels(&s.gl, &s.transform, s.axes.GetAxis(2));
+       }},
+      {"loading",
+       [](AxesScene& s) {
+         AxesScene other;
+         AddLabels(other);
+         other.axes.SetAxisLabelsDecimals(0, 2);
+         const auto record = Saved(*other.axes.GetAxisLabels(0));
+         s.gl.MakeCurrent();
+         LoadFrom(*s.axes.GetAxisLabels(0), record);
+       }},
+      {"the frame made anew",
+       [](AxesScene& s) {
+         s.axes.GetAxis(0)->SetAxisLimits(3, 4);
+         s.axes.InitAxes(&s.gl, &s.transform);
+         s.axes.SetAxisLabelsColor(0, kFrameColor);
+       }},
       {"another font",
        [](AxesScene& s) {
-         s.gl.SetCurrentFont(s.gl.NewFont3D());
+         s.gl.NewFont3D();  // the current one from now on
          s.gl.RegisterFont("Courier New", 0.15, 400, 0, 0, 256);
        }},
   });
