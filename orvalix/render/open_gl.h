@@ -404,6 +404,7 @@ class ORVALIX_API COpenGL {
     RGBDType outlineColor;
     RGBDType lineColor;
     RGBDType currentColor;
+    point3Dtype lineNormal;
     int lineStyle;
     int lineStyleFactor;
     int textureEnabled;
@@ -475,7 +476,8 @@ class ORVALIX_API COpenGL {
     kLineStyle = 8,
     kLineWidth = 16,
     kStoredLineWidth = 32,  ///< whether OpenGL takes it or not
-    kSentLineWidth = 64     ///< the one that OpenGL took last
+    kSentLineWidth = 64,    ///< the one that OpenGL took last
+    kLineNormal = 128
   };
   /// Every number on which what is drawn next depends, whatever it is.
   void AppendDrawingState(std::vector<double>& numbers) const;

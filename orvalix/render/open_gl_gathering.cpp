@@ -152,6 +152,7 @@ COpenGL::DrawingState COpenGL::WithWhatWasNotSet(DrawingState end) const {
   }
   if (!isSet(kCurrentColor)) end.currentColor = m_currentColor;
   if (!isSet(kLineColor)) end.lineColor = m_lineColor;
+  if (!isSet(kLineNormal)) end.lineNormal = m_lineNormal;
   if (!isSet(kLineStyle)) end.lineStyle = m_lineStyle;
   if (!isSet(kStoredLineWidth)) end.lineWidth = m_lineWidth;
   if (!isSet(kSentLineWidth)) end.sentLineWidth = m_sentLineWidth;
@@ -171,6 +172,7 @@ void COpenGL::SetDrawingState(const DrawingState& end) {
   m_outlineColor = end.outlineColor;
   m_lineColor = end.lineColor;
   m_currentColor = end.currentColor;
+  m_lineNormal = end.lineNormal;
   m_lineStyle = end.lineStyle;
   m_lineStyleFactor = end.lineStyleFactor;
   m_textureEnabled = end.textureEnabled;
@@ -189,6 +191,7 @@ COpenGL::DrawingState COpenGL::GetDrawingState() const {
                      .outlineColor = m_outlineColor,
                      .lineColor = m_lineColor,
                      .currentColor = m_currentColor,
+                     .lineNormal = m_lineNormal,
                      .lineStyle = m_lineStyle,
                      .lineStyleFactor = m_lineStyleFactor,
                      .textureEnabled = m_textureEnabled,

@@ -216,6 +216,7 @@ int COpenGL::GetPolygonOutlineMode() const { return m_polygonOutlineMode; }
 
 void COpenGL::SetLineNormal(point3Dtype const& normal, int absolute) {
   m_lineNormal = normal;
+  m_setSince |= kLineNormal;
   if (absolute == 0) return;
   m_lineNormal.x = std::abs(normal.x);
   m_lineNormal.y = std::abs(normal.y);

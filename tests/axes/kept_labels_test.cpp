@@ -5,6 +5,7 @@
 
 #include "axes/kept_axes_fixture.h"
 #include "orvalix/render/text_obj_3d.h"
+#include "support/drawing_state.h"
 #include "support/temporary_file.h"
 
 // Labels and titles of axes, which are gathered in each frame: changed, they show at once.
@@ -202,6 +203,35 @@ TEST(KeptLabels, WhatElseShapesThemShowsAtOnce) {
          s.gl.RegisterFont("Courier New", 0.15, 400, 0, 0, 256);
        }},
   });
+}
+
+// Whatever was drawn before, and whether a frame is drawn anew, kept, or one by one.
+TEST(KeptAxes, LeaveTheStateOfDrawingOneByOne) {
+  const auto states = [](int gathering) {
+    AxesScene scene;
+    AddLabels(scene);
+    scene.gl.SetGathering(gathering);
+    CAxes3D other(&scene.gl, &scene.transform, {0, 0, 0, 0}, {10, 10, 10, 0});
+    other.SetAxisTics(1, 0.0, 1.0, 5, 0.02, 0.04, 2);
+    other.SetPlaneColor(2, kFramePale, kFrameDark);
+    std::vector<std::vector<double>> all;
+    for (int frame = 0; frame < 3; ++frame) {
+      scene.Picture();
+      all.push_back(StateOf(scene.gl));
+      scene.gl.SetLineNormal({frame * 0.5, 0.25, 0, 0}, 0);
+      scene.gl.SetLineStyle3D(5, 3.0, {0.2, 0.4, 0.6, 1.0});
+      scene.gl.SetFillStyle3D({0.5, 0.25, 1.0, 1.0}, {1, 1, 1, 1}, {0.75, 0.5, 0.25, 1.0});
+      other.DrawAxes();
+      all.push_back(StateOf(scene.gl));
+      // Without a set axis nothing of the state is touched but by planes.
+      scene.gl.SetLineNormal({0, frame * 0.5, 0.25, 0}, 0);
+      other.EnableAxis(1, frame % 2);
+    }
+    return all;
+  };
+  const auto gathered = states(1);
+  const auto single = states(0);
+  for (std::size_t i = 0; i < single.size(); ++i) EXPECT_EQ(gathered[i], single[i]) << i;
 }
 
 // The same numbers, but another transform at another address, whose matrices are others.

@@ -14,6 +14,7 @@ namespace orvalix::test {
 /// What a drawing leaves behind for whoever draws next.
 inline std::vector<double> StateOf(const COpenGL& gl) {
   const RGBDType line = gl.GetLineColor3D();
+  const point3Dtype normal = gl.GetLineNormal();
   std::vector<double> state{double(gl.GetColorMode()),
                             double(gl.GetLineStyle()),
                             double(gl.GetLineStyleFactor()),
@@ -21,7 +22,10 @@ inline std::vector<double> StateOf(const COpenGL& gl) {
                             double(gl.GetPolygonOutlineMode()),
                             line.red,
                             line.green,
-                            line.blue};
+                            line.blue,
+                            normal.x,
+                            normal.y,
+                            normal.z};
   for (const int name :
        {GL_LINE_WIDTH, GL_LIGHTING, GL_TEXTURE_1D, GL_CLIP_PLANE0, GL_LINE_STIPPLE_PATTERN,
         GL_SHADE_MODEL, GL_CULL_FACE, GL_POLYGON_OFFSET_FILL, GL_LINE_STIPPLE, GL_MATRIX_MODE,
