@@ -103,18 +103,36 @@ std::vector<Look> Looks() {
   };
 }
 
+/// So that the viewer looks into what is nearest.
+void MakeLarge(SeriesScene& scene) {
+  LiftValues(scene);
+  scene.transform.SetChartRect({1.5, 1.5, 1.5, 0});
+}
+
+void Clip(SeriesScene& scene) {
+  LiftValues(scene);
+  scene.transform.SetScale({1.5, 2.5, -1, 0}, {8, 8, 6, 0});
+  scene.series.SetClipping(1);
+}
+
 /// Solids that are cut open, or that stand in one another.
 std::vector<Look> InsideLooks() {
   return {{"logarithmic", MakeLogarithmic},
-          {"larger than the view",
+          {"larger than the view", MakeLarge},
+          {"larger than the view, without outlines",
            [](SeriesScene& s) {
-             LiftValues(s);
-             s.transform.SetChartRect({1.5, 1.5, 1.5, 0});
+             MakeLarge(s);
+             s.series.SetOutlineMode(0);
            }},
-          {"clipped", [](SeriesScene& s) {
-             LiftValues(s);
-             s.transform.SetScale({1.5, 2.5, -1, 0}, {8, 8, 6, 0});
-             s.series.SetClipping(1);
+          {"larger than the view, by value",
+           [](SeriesScene& s) {
+             MakeLarge(s);
+             s.series.SetColorMode(2);
+           }},
+          {"clipped", Clip},
+          {"clipped, without outlines", [](SeriesScene& s) {
+             Clip(s);
+             s.series.SetOutlineMode(0);
            }}};
 }
 
