@@ -388,7 +388,7 @@ void DrawRecorder::AddFrame(const point3Dtype* points, int n, const RGBDType& co
 }
 
 void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
-                            const RecordedFill& fill) {
+                            const RecordedFill& fill, const LaterColor& later) {
   Try([&] {
     std::array<point3Dtype, 8> moved;
     for (std::size_t i = 0; i < moved.size(); ++i) moved[i] = Moved(corners[i]);
@@ -408,7 +408,7 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
       IndexList& indices = FillIndices(fill, facing[i]);
       first[i] = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
       for (const std::size_t corner : face) {
-        AddFillVertex(moved[corner], movedNormal, fill.color,
+        AddFillVertex(moved[corner], movedNormal, i > 0 ? later.value_or(fill.color) : fill.color,
                       textures != nullptr ? textures[corner] : 0.0F);
       }
       for (const std::uint32_t corner : {1U, 2U, 0U, 2U, 3U, 0U}) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct RecordedFill {
   RGBDType outlineColor;
   float outlineWidth;  ///< pixels
 };
+
+/// The faces of a solid after the first one have this colour, where it isn't the same.
+using LaterColor = std::optional<std::array<float, 3>>;
 
 /// How lines look.
 struct RecordedStroke {
@@ -68,7 +72,8 @@ class DrawRecorder {
   void AddFrame(const point3Dtype* points, int n, const RGBDType& color, float width);
   /// All faces of a solid of eight corners (kSolidFaces).
   /// @param textures a texture coordinate for each corner; null without a texture
-  void AddSolid(const point3Dtype* corners, const float* textures, const RecordedFill& fill);
+  void AddSolid(const point3Dtype* corners, const float* textures, const RecordedFill& fill,
+                const LaterColor& later = std::nullopt);
   void AddLine(const point3Dtype& from, const point3Dtype& to, const std::array<float, 3>& color,
                const RecordedStroke& stroke);
   /// A line through points, each with the colour of the line that ends there. Its stipple goes on

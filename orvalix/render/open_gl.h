@@ -377,6 +377,8 @@ class ORVALIX_API COpenGL {
 
  private:
   void SendColor(RGBDType const& color);
+  /// Otherwise areas have the colour of what was drawn before, for textures to cover.
+  bool FillsInFillColor() const { return m_colorMode == 0 || m_colorMode == 1; }
   void SendLineWidth();
   unsigned short StippleOf(int style) const;
   void SendStipple(int style);

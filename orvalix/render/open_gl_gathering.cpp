@@ -276,8 +276,11 @@ void COpenGL::RecordSolid(const point3Dtype* corners) {
       return static_cast<float>(TextureCoordinate(corner));
     });
   }
+  orvalix::LaterColor later;
+  // The outline of a face leaves its colour to the next one.
+  if (m_polygonOutlineMode != 0 && !FillsInFillColor()) later = ToFloats(m_outlineColor);
   m_recorder->AddSolid(corners, m_textureEnabled != 0 ? textures.data() : nullptr,
-                       RecordedFillNow());
+                       RecordedFillNow(), later);
   if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
 }
 

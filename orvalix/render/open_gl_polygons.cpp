@@ -115,10 +115,14 @@ void COpenGL::DrawSolidObject3D(const point3Dtype* corners, RGBDType const& fill
       tellsFarSides ? ViewsOfSides(corners, m_isCutAnywhere) : std::array<SideView, kFaces>{};
   for (std::size_t k = 0; k < orvalix::kSolidFaces.size(); ++k) {
     const orvalix::SolidFace& face = orvalix::kSolidFaces[k];
-    if (faceFlags[face.flag] == 0 || views[k] == SideView::kNotSeen) continue;
+    if (faceFlags[face.flag] == 0) continue;
+    SetFillStyle3D(fill, black, outline);
+    if (views[k] == SideView::kNotSeen) {
+      if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);  // as if it had been drawn
+      continue;
+    }
     std::array<point3Dtype, 5> outlined;
     for (std::size_t i = 0; i < outlined.size(); ++i) outlined[i] = corners[face.corners[i % 4]];
-    SetFillStyle3D(fill, black, outline);
     FillPolygon(outlined.data(), static_cast<int>(outlined.size()), views[k] == SideView::kBehind);
   }
 }

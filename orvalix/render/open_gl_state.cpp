@@ -176,7 +176,7 @@ void COpenGL::SetFillStyle3D(RGBDType const& fill, RGBDType const& second,
   m_fillColor2 = second;
   m_outlineColor = outline;
   m_setSince |= kOutlineColor;
-  if (m_colorMode == 0 || m_colorMode == 1) SendColor(fill);
+  if (FillsInFillColor()) SendColor(fill);
 }
 
 void COpenGL::SetLineStyle3D(int style, double width, RGBDType const& color) {

@@ -127,6 +127,7 @@ TEST(GatheredLegend, ShowsItsLayoutAtOnce) {
       Of("enabling", [](CLegend3D& l) { l.EnableLegend(0); }),
       Of("frame", [](CLegend3D& l) { l.EnableLegendBorder(0); }),
       Of("lit", [](CLegend3D& l) { l.SetColorMode(1); }),
+      Of("in the colours of what was drawn before", [](CLegend3D& l) { l.SetColorMode(2); }),
       Of("aspect", [](CLegend3D& l) { l.SetViewAspect(0.5); }),
       Unseen(Of("height of the font", [](CLegend3D& l) { l.SetFontHeightSF(0.5); })),
       Of("size of the font", [](CLegend3D& l) { l.SetFontSize(0.15); }),

@@ -190,7 +190,7 @@ TEST(RecordedMatrices, TurnNormalsAsTheyTurnFaces) {
   for (const float number : normalOf({}, {1, 1, 1, 0})) EXPECT_FALSE(std::isnan(number));
 }
 
-const std::vector<point3Dtype> kTriangle{{0, 0, 0, 0}, {1, 0, 0, 0}, {1, 1, 0, 0}};
+const GlyphMesh kTriangle{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, {0, 1, 2}};
 
 /// Something of everything.
 void RecordAll(DrawRecorder& recorder) {
@@ -206,7 +206,7 @@ void RecordAll(DrawRecorder& recorder) {
   recorder.AddPolygon(Box(1).data(), 4, {0, 0, 1, 0}, textures,
                       {.color = {0, 1, 0}, .isOutlined = 0, .outlineColor = {}, .outlineWidth = 1});
   recorder.AddFrame(Box(2).data(), 4, {0, 0, 0, 1}, 1.0F);
-  recorder.AddTriangles(kTriangle, {0, 0, 1});
+  recorder.AddGlyph(kTriangle, 1, {0, 0, 1});
   recorder.StartStrip(kDashed);
   recorder.AddToStrip({0, 0, 0, 0}, {});
   recorder.InterruptStrip();

@@ -152,8 +152,31 @@ TEST(DrawRecorder, SortsFacesByState) {
   recorder.LoadMatrix(kOther.data());
   AddSquare(recorder, 0, Outlined());
   EXPECT_EQ(recorder.Geometry().segments.at(0).fills.size(), ++groups);
-  recorder.AddTriangles({{0, 0, 0, 0}, {1, 0, 0, 0}, {1, 1, 0, 0}}, kGray);
-  EXPECT_EQ(recorder.Geometry().segments.back().fills.back().state.isOneSided, 1);
+}
+
+TEST(DrawRecorder, PutsTextsIntoGroupsByTheirState) {
+  const GlyphMesh mesh{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, {0, 1, 2}};
+  DrawRecorder recorder({});
+  recorder.AddGlyph(mesh, 7, kGray);
+  recorder.Multiply({2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 5, 6, 7, 1});
+  recorder.AddGlyph(mesh, 7, kGray);
+  recorder.LoadMatrix(kOther.data());
+  recorder.AddGlyph(mesh, 7, kGray);
+  const std::vector<TextGroup>& texts = recorder.Geometry().segments.at(0).texts;
+  ASSERT_EQ(texts.size(), 2U);
+  ASSERT_EQ(texts[0].glyphs.size(), 2U);
+  EXPECT_EQ(texts[0].glyphs[1].mesh, &mesh);
+  EXPECT_EQ(texts[0].glyphs[1].font, 7U);
+  EXPECT_EQ(texts[0].glyphs[1].placement[13], 6.0);
+  EXPECT_EQ(texts[0].glyphs[1].color, kGray);
+  EXPECT_EQ(texts[1].state.matrix, kOther.data());
+}
+
+TEST(DrawRecorder, LeavesOutCharactersWithoutTriangles) {
+  const GlyphMesh space;
+  DrawRecorder recorder({});
+  recorder.AddGlyph(space, 7, kGray);
+  EXPECT_TRUE(recorder.Geometry().segments.empty());
 }
 
 TEST(DrawRecorder, BeginsASegmentForAFillOverLinesOfItsMatrix) {

@@ -64,11 +64,11 @@ class GatheredScene {
           work(gl);
         });
   }
-  /// Draws through the texts' matrix, as legends do, for this once.
+  /// Draws through the texts' matrix, as legends do.
   void Gather(const Work& work) {
     Prepare();
     transform.TextTransform();
-    orvalix::DrawGathered(gl, transform.GetFontTransform(), [&] { work(gl); });
+    orvalix::DrawTexts(texts, gl, transform.GetFontTransform(), [&] { work(gl); });
   }
   static PixelBytes Pixels() {
     PixelBytes pixels(std::size_t{kGatheredSize} * kGatheredSize * 3);
@@ -91,6 +91,7 @@ class GatheredScene {
   COpenGL& gl;
   CTransform3D transform;
   orvalix::KeptDrawingSlot slot;
+  orvalix::KeptDrawingSlot texts;
 
  private:
   void Prepare() {
