@@ -42,7 +42,7 @@ void ExpectShownAtOnce(const std::string& sample, const Work& change, const Work
 // What one set-up routine leaves as it is, the next type shows too.
 TEST(KeptSetup, EveryTypeIsSetUpAfterEveryOther) {
   const std::vector<SeriesSample> samples = SeriesSamples();
-  for (std::size_t step : {1U, 5U, 11U}) {
+  for (const std::size_t step : {1U, 7U}) {
     for (std::size_t i = 0; i < samples.size(); ++i) {
       const SeriesSample& next = samples[(i + step) % samples.size()];
       SCOPED_TRACE(next.name + " after " + samples[i].name);
