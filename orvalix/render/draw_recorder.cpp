@@ -15,8 +15,10 @@ using Vector = std::array<double, 3>;
 
 constexpr unsigned short kSolidLine = 0xFFFF;
 
-/// Edges that are remembered to be drawn once: more than two rows of a large grid have.
-constexpr std::size_t kRecentEdges = std::size_t{1} << 16;
+/// Edges that are remembered to be drawn once: first those of a few polygons, at last more than two
+/// rows of a large grid have.
+constexpr std::size_t kFewestRecentEdges = std::size_t{1} << 6;
+constexpr std::size_t kMostRecentEdges = std::size_t{1} << 16;
 
 constexpr double kSameDirection = 1e-6;
 
@@ -254,18 +256,32 @@ std::uint32_t DrawRecorder::AddFillVertex(const point3Dtype& moved,
 
 bool DrawRecorder::IsDrawnAlready(std::size_t group, const Position& from, const Position& to,
                                   const std::array<float, 3>& color) {
-  if (m_recentEdges.empty()) m_recentEdges.resize(kRecentEdges, {{}, {}, 0, 0});
+  if (m_rememberedEdges * 2 >= m_recentEdges.size()) RememberMoreEdges();
   const Edge edge{{std::min(from, to), std::max(from, to)},
                   color,
                   group,
                   static_cast<std::uint32_t>(m_geometry.segments.size())};
-  Edge& recent = m_recentEdges[Hash(edge.ends) % kRecentEdges];
+  Edge& recent = m_recentEdges[Hash(edge.ends) % m_recentEdges.size()];
   if (recent.segment == edge.segment && recent.group == group && recent.ends == edge.ends &&
       recent.color == color) {
     return true;
   }
+  if (recent.segment == 0) ++m_rememberedEdges;
   recent = edge;
   return false;
+}
+
+void DrawRecorder::RememberMoreEdges() {
+  if (m_recentEdges.size() == kMostRecentEdges) return;
+  std::vector<Edge> edges(std::max(kFewestRecentEdges, m_recentEdges.size() * 4));
+  m_rememberedEdges = 0;
+  for (const Edge& known : m_recentEdges) {
+    if (known.segment == 0) continue;
+    Edge& edge = edges[Hash(known.ends) % edges.size()];
+    if (edge.segment == 0) ++m_rememberedEdges;
+    edge = known;
+  }
+  m_recentEdges = std::move(edges);
 }
 
 void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, const Position& to,

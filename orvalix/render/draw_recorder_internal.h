@@ -106,10 +106,10 @@ class DrawRecorder {
  private:
   /// The ends of an edge and the group that it is drawn in.
   struct Edge {
-    std::array<std::array<float, 3>, 2> ends;
-    std::array<float, 3> color;
-    std::size_t group;
-    std::uint32_t segment;
+    std::array<std::array<float, 3>, 2> ends{};
+    std::array<float, 3> color{};
+    std::size_t group = 0;
+    std::uint32_t segment = 0;  ///< counted from 1; 0: no edge
   };
   using Position = std::array<float, 3>;
 
@@ -130,6 +130,7 @@ class DrawRecorder {
   void AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to, const RGBDType& color);
   void AddLineVertices(std::size_t group, const Position& from, const Position& to,
                        const std::array<float, 3>& color);
+  void RememberMoreEdges();
   bool IsDrawnAlready(std::size_t group, const Position& from, const Position& to,
                       const std::array<float, 3>& color);
   int DirectionOf(const std::array<double, 3>& outward);
@@ -141,7 +142,8 @@ class DrawRecorder {
   std::vector<SavedMatrix> m_stack;
   std::vector<float> m_textures;
   std::vector<Edge> m_recentEdges;  ///< by a hash of the edge; later ones replace earlier ones
-  bool m_hasEdgeColor = false;      ///< of the segment
+  std::size_t m_rememberedEdges = 0;
+  bool m_hasEdgeColor = false;  ///< of the segment
   bool m_hasManyEdgeColors = false;
   RGBDType m_edgeColor{};
   std::size_t m_lastFill = 0;  ///< groups of the segment that were used last
