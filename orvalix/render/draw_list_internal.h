@@ -67,39 +67,49 @@ class DrawList {
     bool isIndexed;
     std::vector<Part> parts;
   };
-  /// A range of the index buffer.
+  /// Ranges of the index buffer, one behind the other.
   struct TextCall {
     TextState state;
     std::size_t first;
-    int count;
+    int front;  ///< indices
+    int walls;
+    int back;
   };
   struct LineCall {
     LineState state;  ///< of the first part
     std::vector<Part> parts;
-    std::vector<int> stripCounts;           ///< indices of each strip
-    std::vector<const void*> stripOffsets;  ///< where they begin in the index buffer
+    std::vector<int> stripCounts;          ///< indices of each strip
+    std::vector<std::size_t> stripFirsts;  ///< where they begin in the index buffer
   };
   struct Segment {
     std::vector<FillCall> fills;
-    std::vector<TextCall> texts;
     std::vector<LineCall> lines;
   };
 
   static void AddFills(const DrawSegment& from, Segment& to, std::size_t& indices);
-  static void AddTexts(const DrawSegment& from, Segment& to, std::size_t& indices);
   static void AddLines(const DrawSegment& from, Segment& to, std::size_t& indices);
+  void AddTexts(const std::vector<TextGroup>& groups, std::size_t& indices);
   /// @throws std::bad_alloc; those that were made then are the caller's to delete
   void MakeBuffers(const GatheredGeometry& geometry, std::size_t indices, std::size_t textVertices);
   void FillBuffers(const GatheredGeometry& geometry);
+  void CopyIndices(std::size_t count);
   /// How the sides of closed solids that show that direction are drawn.
   SideView ViewOf(const FacingDirection& direction, bool isCutAnywhere) const;
   class Frame;
   void DrawFill(const FillCall& call, Frame& frame) const;
   void DrawText(const TextCall& call, Frame& frame) const;
   void DrawLines(const LineCall& call, Frame& frame) const;
+  static void DrawRanges(const FillCall& call, const Frame& frame);
+  void DrawIndexed(unsigned mode, const std::vector<Part>& parts, const Frame& frame,
+                   bool isPushedBack) const;
 
   std::weak_ptr<BufferPool> m_pool;
   std::vector<Segment> m_segments;
+  std::vector<TextCall> m_texts;
+  /// Of short lists a copy of the index buffer, and room for as many: what can be seen of their
+  /// parts is put together, since calls cost more than indices.
+  std::vector<std::uint32_t> m_indices;
+  mutable std::vector<std::uint32_t> m_seenIndices;
   std::vector<FacingDirection> m_directions;
   std::vector<SolidExtent> m_extents;
   int m_isClippedAtFirst = 0;

@@ -177,9 +177,12 @@ IndexList& DrawRecorder::FillIndices(const RecordedFill& fill, int facing) {
 }
 
 TextGroup& DrawRecorder::TextGroupNow() {
-  const TextState state{
-      .matrix = m_matrix.loaded, .isTextured = m_state.isTextured, .isClipped = m_state.isClipped};
-  std::vector<TextGroup>& groups = SegmentFor(true).texts;
+  const std::array<double, 16>& m = m_matrix.moved;
+  const TextState state{.matrix = m_matrix.loaded,
+                        .isTextured = m_state.isTextured,
+                        .isClipped = m_state.isClipped,
+                        .axis = Cross({m[0], m[1], m[2]}, {m[4], m[5], m[6]})};
+  std::vector<TextGroup>& groups = m_geometry.texts;
   if (groups.empty() || !(groups.back().state == state)) groups.push_back({state, {}});
   return groups.back();
 }
@@ -384,7 +387,7 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
 void DrawRecorder::AddGlyph(const GlyphMesh& mesh, std::uint64_t font,
                             const std::array<float, 3>& color) {
   Try([&] {
-    if (mesh.triangles.empty()) return;
+    if (mesh.front.empty()) return;
     TextGroupNow().glyphs.push_back(
         {.mesh = &mesh, .font = font, .placement = m_matrix.moved, .color = color});
   });

@@ -31,6 +31,9 @@ struct TextState {
   const double* matrix;  ///< as in FillState
   int isTextured;
   int isClipped;
+  /// Perpendicular to the texts' front, which goes round it counterclockwise, in front of the
+  /// matrix.
+  std::array<double, 3> axis;
 
   bool operator==(const TextState&) const = default;
 };
@@ -103,10 +106,9 @@ struct LineGroup {
   bool operator==(const LineGroup&) const = default;
 };
 
-/// Faces, the texts over them, and the lines that are drawn over both.
+/// Faces, and the lines that are drawn over them.
 struct DrawSegment {
   std::vector<FillGroup> fills;
-  std::vector<TextGroup> texts;
   std::vector<LineGroup> lines;
 
   bool operator==(const DrawSegment&) const = default;
@@ -136,6 +138,7 @@ struct SolidExtent {
 struct GatheredGeometry {
   int isClippedAtFirst = 0;  ///< 1 when clip planes were on where gathering began
   std::vector<DrawSegment> segments;
+  std::vector<TextGroup> texts;  ///< drawn after all segments
   ChunkedArray<FillVertex> fillVertices;
   GatheredColor fillColor{};               ///< of all fill vertices, while `fillColors` is empty
   ChunkedArray<GatheredColor> fillColors;  ///< of each, once there are several

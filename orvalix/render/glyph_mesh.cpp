@@ -41,16 +41,16 @@ GlyphMesh MeshOfGlyph(const GlyphSolid& solid, double extrusion) {
     }
   }
   const auto behind = static_cast<std::uint32_t>(depth > 0.0 ? table.Points().size() : 0);
-  for (const GlyphPoint& point : solid.triangles) mesh.triangles.push_back(table.IndexOf(point));
-  for (std::size_t i = solid.triangles.size(); i > 0; --i) {
-    mesh.triangles.push_back(mesh.triangles[i - 1] + behind);
+  for (const GlyphPoint& point : solid.triangles) mesh.front.push_back(table.IndexOf(point));
+  for (auto corner = mesh.front.rbegin(); corner != mesh.front.rend(); ++corner) {
+    mesh.back.push_back(*corner + behind);
   }
   if (depth == 0.0) return mesh;
   for (std::size_t i = 0; i + 1 < solid.edges.size(); i += 2) {
     const std::uint32_t a = table.IndexOf(solid.edges[i]);
     const std::uint32_t b = table.IndexOf(solid.edges[i + 1]);
     for (const std::uint32_t corner : {a + behind, b + behind, b, a + behind, b, a}) {
-      mesh.triangles.push_back(corner);
+      mesh.walls.push_back(corner);
     }
   }
   return mesh;

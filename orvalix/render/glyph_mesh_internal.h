@@ -14,7 +14,9 @@ namespace orvalix {
 struct GlyphMesh {
   std::vector<std::array<double, 3>> corners;
   /// Three corners per triangle, counterclockwise from outside.
-  std::vector<std::uint32_t> triangles;
+  std::vector<std::uint32_t> front;
+  std::vector<std::uint32_t> walls;
+  std::vector<std::uint32_t> back;
 };
 
 /// The solid that SendGlyphSolid() sends.

@@ -14,8 +14,21 @@ constexpr double kEdgeOn = 1e-4;
 /// Depths in front of which nothing is drawn.
 constexpr double kNearest = -1.0;
 
+double Dot(const std::array<double, 3>& a, const std::array<double, 3>& b) {
+  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
 bool IsParallel(const std::array<double, 16>& m) {
   return m[3] == 0.0 && m[7] == 0.0 && m[11] == 0.0 && m[15] == 1.0;
+}
+
+/// The third row of the inverse times the determinant, transposed: how far a normal goes into the
+/// depth, as a share of the longest that it can.
+std::array<double, 3> DepthOfNormals(const std::array<double, 16>& m) {
+  const std::array<double, 3> row{m[4] * m[9] - m[5] * m[8], m[8] * m[1] - m[9] * m[0],
+                                  m[0] * m[5] - m[1] * m[4]};
+  const double length = std::sqrt(Dot(row, row));
+  return {row[0] / length, row[1] / length, row[2] / length};
 }
 
 }  // namespace
@@ -45,14 +58,17 @@ bool IsCutAnywhere() {
 
 bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal) {
   if (!IsParallel(m)) return false;
-  const std::array<double, 3> depth{m[2], m[6], m[10]};
-  // The third row of the inverse, transposed: how far a normal goes into the depth.
-  const std::array<double, 3> row{m[4] * m[9] - m[5] * m[8], m[8] * m[1] - m[9] * m[0],
-                                  m[0] * m[5] - m[1] * m[4]};
-  const double determinant = row[0] * depth[0] + row[1] * depth[1] + row[2] * depth[2];
-  const double length = std::sqrt(row[0] * row[0] + row[1] * row[1] + row[2] * row[2]);
-  const double inward = (row[0] * normal[0] + row[1] * normal[1] + row[2] * normal[2]) / length;
+  const std::array<double, 3> row = DepthOfNormals(m);
+  const double determinant = Dot(row, {m[2], m[6], m[10]});
+  const double inward = Dot(row, normal);
   return determinant > 0.0 ? inward > kEdgeOn : determinant < 0.0 && -inward > kEdgeOn;
+}
+
+int TurnOnScreen(const std::array<double, 16>& m, const std::array<double, 3>& axis) {
+  if (!IsParallel(m)) return 0;
+  const double turn = Dot(DepthOfNormals(m), axis) / std::sqrt(Dot(axis, axis));
+  if (turn > kEdgeOn) return 1;
+  return turn < -kEdgeOn ? -1 : 0;
 }
 
 bool IsCutInFront(const std::array<double, 16>& m, const std::array<double, 3>& low,

@@ -17,6 +17,13 @@ bool IsCutAnywhere();
 /// @param m as ToClipSpace() tells it
 bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& normal);
 
+/// Which way round a path goes on the screen: 1 counterclockwise, -1 clockwise, 0 where that can't
+/// be told, because it is seen from the edge or by a viewer who doesn't look everywhere along the
+/// same line.
+/// @param m as ToClipSpace() tells it
+/// @param axis that the path goes round counterclockwise
+int TurnOnScreen(const std::array<double, 16>& m, const std::array<double, 3>& axis);
+
 /// True when something between the corners `low` and `high` is cut off in front of the viewer, who
 /// may then look into solids; otherwise the sides that look away are hidden by the others.
 /// @param m as ToClipSpace() tells it

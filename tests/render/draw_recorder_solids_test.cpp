@@ -190,7 +190,8 @@ TEST(RecordedMatrices, TurnNormalsAsTheyTurnFaces) {
   for (const float number : normalOf({}, {1, 1, 1, 0})) EXPECT_FALSE(std::isnan(number));
 }
 
-const orvalix::GlyphMesh kTriangle{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, {0, 1, 2}};
+const orvalix::GlyphMesh kTriangle{
+    .corners = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, .front = {0, 1, 2}, .walls = {}, .back = {}};
 
 /// Something of everything.
 void RecordAll(DrawRecorder& recorder) {

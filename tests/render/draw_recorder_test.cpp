@@ -155,28 +155,33 @@ TEST(DrawRecorder, SortsFacesByState) {
 }
 
 TEST(DrawRecorder, PutsTextsIntoGroupsByTheirState) {
-  const GlyphMesh mesh{{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, {0, 1, 2}};
+  const orvalix::GlyphMesh mesh{
+      .corners = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, .front = {0, 1, 2}, .walls = {}, .back = {}};
   DrawRecorder recorder({});
   recorder.AddGlyph(mesh, 7, kGray);
-  recorder.Multiply({2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 5, 6, 7, 1});
+  recorder.Multiply({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1});
+  recorder.AddGlyph(mesh, 7, kGray);
+  recorder.Multiply({0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 0, 1});
   recorder.AddGlyph(mesh, 7, kGray);
   recorder.LoadMatrix(kOther.data());
   recorder.AddGlyph(mesh, 7, kGray);
-  const std::vector<TextGroup>& texts = recorder.Geometry().segments.at(0).texts;
-  ASSERT_EQ(texts.size(), 2U);
+  const std::vector<orvalix::TextGroup>& texts = recorder.Geometry().texts;
+  ASSERT_EQ(texts.size(), 3U);
   ASSERT_EQ(texts[0].glyphs.size(), 2U);
   EXPECT_EQ(texts[0].glyphs[1].mesh, &mesh);
   EXPECT_EQ(texts[0].glyphs[1].font, 7U);
   EXPECT_EQ(texts[0].glyphs[1].placement[13], 6.0);
   EXPECT_EQ(texts[0].glyphs[1].color, kGray);
-  EXPECT_EQ(texts[1].state.matrix, kOther.data());
+  EXPECT_EQ(texts[0].state.axis, (std::array<double, 3>{0, 0, 1}));
+  EXPECT_EQ(texts[1].state.axis, (std::array<double, 3>{1, 0, 0})) << "turned";
+  EXPECT_EQ(texts[2].state.matrix, kOther.data());
 }
 
 TEST(DrawRecorder, LeavesOutCharactersWithoutTriangles) {
-  const GlyphMesh space;
+  const orvalix::GlyphMesh space;
   DrawRecorder recorder({});
   recorder.AddGlyph(space, 7, kGray);
-  EXPECT_TRUE(recorder.Geometry().segments.empty());
+  EXPECT_TRUE(recorder.Geometry().texts.empty());
 }
 
 TEST(DrawRecorder, BeginsASegmentForAFillOverLinesOfItsMatrix) {
