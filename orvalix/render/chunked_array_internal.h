@@ -52,9 +52,9 @@ class ChunkedArray {
 
  private:
   /// Small arrays stay small; the chunks of large ones cost little per element.
-  static constexpr std::size_t kFirst = 64;
   static constexpr std::size_t kChunk =
-      std::max<std::size_t>((std::size_t{1} << 15) / sizeof(T), kFirst);
+      std::max<std::size_t>((std::size_t{1} << 15) / sizeof(T), 1);
+  static constexpr std::size_t kFirst = std::min<std::size_t>(64, kChunk);
 
   static constexpr std::size_t CapacityOf(std::size_t chunk) {
     return chunk == 0 ? kFirst : kChunk;

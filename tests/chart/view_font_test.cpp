@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <vector>
 
 #include "chart/view_fixture.h"
+#include "orvalix/chart/header_3d.h"
 #include "orvalix/render/font_3d.h"
+#include "orvalix/render/gl_api_internal.h"
+#include "support/allocation_failure.h"
+#include "support/caught_error.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -35,6 +41,14 @@ double WidthOf(const CFont3D& font, char character) {
   return static_cast<double>(font.GetGlyphMetrics(character).gmfCellIncX);
 }
 
+std::vector<Pixel> PixelsOf(ViewOn& target, int width, int height) {
+  std::vector<Pixel> pixels;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) pixels.push_back(target.WindowPixel(x, y));
+  }
+  return pixels;
+}
+
 class ViewFont : public ::testing::Test {
  protected:
   const CFont3D& Registered() {
@@ -63,6 +77,42 @@ TEST_F(ViewFont, IsRegisteredAsItWasSet) {
   target.view->SetFont("Courier New", 300, 0, 1, 128);
   EXPECT_EQ(RequestOf(Registered()), (Request{0, 1, 300, 128}));
   EXPECT_EQ(WidthOf(font, 'i'), WidthOf(font, 'W'));
+}
+
+TEST_F(ViewFont, GetsDisplayListsWhenTheyAreAskedFor) {
+  const CFont3D& font = Registered();
+  EXPECT_FALSE(glIsList(1000 + 'A'));
+  EXPECT_EQ(font.GetListBase(), 1000);
+  EXPECT_TRUE(glIsList(1000 + 'A'));
+  EXPECT_TRUE(glIsList(1000 + 127));
+  EXPECT_FALSE(glIsList(1000 + 128));
+  // Another font: those of the one before go.
+  target.view->SetFont("Arial", 400, 100);
+  Registered();
+  EXPECT_FALSE(glIsList(1000 + 'A'));
+  EXPECT_EQ(font.GetListBase(), 1000);
+  EXPECT_TRUE(glIsList(1000 + 99));
+  EXPECT_FALSE(glIsList(1000 + 100));
+}
+
+TEST_F(ViewFont, DrawsTheSameWithAndWithoutDisplayLists) {
+  ViewOn large(200, 100);
+  large.view->EnableBorder(0);
+  large.view->GetHeader()->SetTitle1("Title");
+  COpenGL& gl = *large.view->GetOpenGLPntr();
+  gl.SetGathering(0);
+  large.view->DrawViewScreen();
+  const std::vector<Pixel> without = PixelsOf(large, 200, 100);
+  EXPECT_GT(std::count(without.begin(), without.end(), kBlack), 20);
+  EXPECT_EQ(gl.GetFont()->GetListBase(), 1000);
+  large.view->DrawViewScreen();
+  EXPECT_EQ(PixelsOf(large, 200, 100), without);
+}
+
+TEST_F(ViewFont, ThrowsWhenMemoryRunsOutForDisplayLists) {
+  const CFont3D& font = Registered();
+  const AllocationFailure failure(1);
+  EXPECT_EQ(Catch([&] { font.GetListBase(); }), (CaughtError{3, 13, "GetListBase"}));
 }
 
 TEST_F(ViewFont, WeightAndSlantChangeTheCharacters) {

@@ -12,12 +12,15 @@ namespace {
 
 using orvalix::ChunkedArray;
 
-/// 32 KiB hold so many.
+/// The first chunk holds so many.
+constexpr std::size_t kFirst = 64;
+/// 32 KiB, each of the others, hold so many.
 constexpr std::size_t kIntegers = 8192;
 
 TEST(ChunkedArray, HoldsWhatWasPutInAcrossChunks) {
-  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, kIntegers - 1, kIntegers,
-                                 kIntegers + 1, 2 * kIntegers, 2 * kIntegers + 1}) {
+  constexpr std::size_t kTwo = kFirst + kIntegers;
+  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, kFirst - 1, kFirst, kFirst + 1,
+                                 kTwo - 1, kTwo, kTwo + 1, kTwo + kIntegers + 1}) {
     SCOPED_TRACE(size);
     ChunkedArray<std::uint32_t> array;
     for (std::uint32_t i = 0; i < size; ++i) array.push_back(i * 3);
@@ -34,9 +37,11 @@ TEST(ChunkedArray, HoldsWhatWasPutInAcrossChunks) {
       ASSERT_EQ(copied[i], i * 3);
       ASSERT_EQ(array[i], i * 3);
     }
-    // Full ones, then the rest.
-    EXPECT_EQ(counts.size(), (size + kIntegers - 1) / kIntegers);
-    for (std::size_t i = 0; i + 1 < counts.size(); ++i) EXPECT_EQ(counts[i], kIntegers);
+    // A small one, full ones, then the rest.
+    EXPECT_EQ(counts.size(), (size + 2 * kIntegers - kFirst - 1) / kIntegers - (size == 0 ? 1 : 0));
+    for (std::size_t i = 0; i + 1 < counts.size(); ++i) {
+      EXPECT_EQ(counts[i], i == 0 ? kFirst : kIntegers);
+    }
   }
 }
 
@@ -66,18 +71,18 @@ TEST(ChunkedArray, StaysWholeWhenMemoryRunsOut) {
   for (const int n : {1, 2}) {  // the chunk, and the list of chunks
     SCOPED_TRACE(n);
     ChunkedArray<std::uint32_t> array;
-    for (std::uint32_t i = 0; i < kIntegers; ++i) array.push_back(i);
+    for (std::uint32_t i = 0; i < kFirst; ++i) array.push_back(i);
     {
       const orvalix::test::AllocationFailure failure(n);
       EXPECT_THROW(array.push_back(1), std::bad_alloc);
     }
-    EXPECT_EQ(array.size(), kIntegers);
+    EXPECT_EQ(array.size(), kFirst);
     array.push_back(9);
-    EXPECT_EQ(array[kIntegers], 9U);
-    EXPECT_EQ(array[kIntegers - 1], kIntegers - 1);
+    EXPECT_EQ(array[kFirst], 9U);
+    EXPECT_EQ(array[kFirst - 1], kFirst - 1);
     std::size_t seen = 0;
     array.ForEachChunk([&](const std::uint32_t*, std::size_t count) { seen += count; });
-    EXPECT_EQ(seen, kIntegers + 1);
+    EXPECT_EQ(seen, kFirst + 1);
   }
 }
 

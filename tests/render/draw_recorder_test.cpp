@@ -276,7 +276,8 @@ TEST(DrawRecorder, KeepsTextureCoordinatesOnceThereAreSome) {
   AddSquare(recorder, 2, Plain());
   const GatheredGeometry& geometry = recorder.Geometry();
   ASSERT_EQ(geometry.fillTextures.size(), 12U);
-  constexpr std::array<float, 12> kExpected{0, 0, 0, 0, 0, 0.25F, 0.5F, 0.75F, 0, 0, 0, 0};
+  // The first corner comes last.
+  constexpr std::array<float, 12> kExpected{0, 0, 0, 0, 0.25F, 0.5F, 0.75F, 0, 0, 0, 0, 0};
   for (std::size_t i = 0; i < kExpected.size(); ++i) {
     EXPECT_EQ(geometry.fillTextures[i], kExpected[i]) << i;
   }
