@@ -20,6 +20,24 @@
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
 
+namespace {
+
+/// Magnifies what is drawn while it lives.
+class Magnified {
+ public:
+  Magnified(COpenGL& openGL, double factor, double x, double y) : m_openGL(openGL) {
+    m_openGL.SetMagnification(factor, x, y);
+  }
+  ~Magnified() { m_openGL.SetMagnification(1.0, 0.0, 0.0); }
+  Magnified(const Magnified&) = delete;
+  Magnified& operator=(const Magnified&) = delete;
+
+ private:
+  COpenGL& m_openGL;
+};
+
+}  // namespace
+
 int CChart3D::nSelfID = 0;
 
 CChart3D::CChart3D() { InitChartDefaults(); }
@@ -53,6 +71,7 @@ void CChart3D::InitChartDefaults() {
   m_borderEnable = 1;
   AssignViewport(m_viewport, 0, 0, 100, 100);
   AssignViewR(m_position, 0.0, 0.0, 1.0, 1.0);
+  SetZoom(1.0, 0.0, 0.0);
   AssignPoint3D(m_lightPosition, 0.0, 1.0, 1.0);
   m_chartBkColor = white;
   m_borderColor = black;
@@ -90,6 +109,7 @@ void CChart3D::DrawChart() {
   SetupOpenGL();
   SetFontFactors();
   DrawHeader();
+  const Magnified magnified(*m_openGL, m_zoomFactor, m_zoomX, m_zoomY);
   DrawAxes();
   DrawChartObjs();
   DrawAuxObjs();
@@ -190,6 +210,18 @@ void CChart3D::SetChartPosition(GLViewRType const& position) {
   int height = 0;
   m_view->GetViewSize(width, height);
   SetChartViewport(orvalix::PixelViewport(position, width, height));
+}
+
+void CChart3D::SetZoom(double factor, double x, double y) {
+  m_zoomFactor = factor;
+  m_zoomX = x;
+  m_zoomY = y;
+}
+
+void CChart3D::GetZoom(double& factor, double& x, double& y) const {
+  factor = m_zoomFactor;
+  x = m_zoomX;
+  y = m_zoomY;
 }
 
 void CChart3D::GetChartPosition(GLViewRType& position) const { position = m_position; }

@@ -191,6 +191,14 @@ class ORVALIX_API CChart3D {
   /// view. Setting it also brings the viewport up to date.
   void SetChartPosition(GLViewRType const& position);
   void GetChartPosition(GLViewRType& position) const;
+  /// Addition: magnifies the axes, series, shapes, pictures and texts within the chart's rectangle;
+  /// titles and frame stay. Unlike a larger box (CTransform3D::SetChartRect()), what is magnified
+  /// never comes so near that it is cut off. Factor 1 about (0, 0) is the default, and what is drawn
+  /// for a factor that isn't positive and for numbers that aren't finite. Not saved in chart files.
+  /// @param x, y what is drawn in the rectangle's middle: from -1, its left or bottom edge at factor
+  ///   1, to 1
+  void SetZoom(double factor, double x, double y);
+  void GetZoom(double& factor, double& x, double& y) const;
   /// The chart's rectangle in pixels of the view, rounded down; every drawing recomputes it from
   /// the position. Default (0, 0, 100, 100).
   void SetChartViewport(GLViewportType const& viewport);
@@ -293,6 +301,9 @@ class ORVALIX_API CChart3D {
   int m_borderEnable;
   GLViewportType m_viewport;  ///< pixels of the view
   GLViewRType m_position;     ///< fractions of the view
+  double m_zoomFactor;        ///< magnification of what stands in the rectangle
+  double m_zoomX;             ///< what is magnified towards the middle, -1 to 1
+  double m_zoomY;
   point3Dtype m_lightPosition;
   RGBDType m_chartBkColor;
   RGBDType m_borderColor;

@@ -101,6 +101,12 @@ class ORVALIX_API CChartView3D {
   /// @throws CErr3D type 8, class 6, "SaveToFile" when the view has no bitmap yet; class 9 as
   ///   CDIBSection::SaveDIB()
   void SaveToFile(const CString& name);
+  /// Draws the view at the bitmap's size and puts the picture on the clipboard as a bitmap in the
+  /// depth of the window: see SetClipboardData(). Does nothing for a window without a handle, or
+  /// when another thread has the clipboard open.
+  /// @throws CErr3D class 6, "CopyToClipboard": type 14 when the window gives no device context,
+  ///   type 8 when the view has no bitmap yet, type 3 when memory runs out
+  void CopyToClipboard();
   /// Addition: draws the view at the bitmap's size and writes it as a PNG file of 24-bit colour,
   /// which loses nothing of the picture. Replaces a file of that name as SaveToFile() does.
   /// @throws CErr3D class 6, "SaveToPng": type 8 when the view has no bitmap yet, type 6 when the

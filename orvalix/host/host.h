@@ -9,6 +9,7 @@
 #include <afxwin.h>
 #else
 #include "orvalix/host/bitmap.h"
+#include "orvalix/host/clipboard.h"
 #include "orvalix/host/dc.h"
 #include "orvalix/host/file.h"
 #include "orvalix/host/gdi.h"

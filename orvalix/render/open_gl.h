@@ -136,6 +136,11 @@ class ORVALIX_API COpenGL {
   /// Confines drawing and clearing to a rectangle of the bitmap, in pixels from its bottom left
   /// corner. A negative width or height draws nothing.
   void SetViewport(GLViewportType const& viewport);
+  /// Addition: magnifies what is drawn from now on, across and upwards but not in depth, so that
+  /// nothing comes too near: (x, y), in the viewport's coordinates of -1 to 1, is drawn in its
+  /// middle. Factor 1 about (0, 0), the default, stands for every factor that isn't positive and
+  /// for numbers that aren't finite.
+  void SetMagnification(double factor, double x, double y);
   /// Reads the rectangle in force back from OpenGL.
   void GetViewport(GLViewportType& viewport) const;
   /// Stores a rectangle for the owner's use; drawing doesn't consult it.

@@ -66,6 +66,18 @@ void COpenGL::SelectModelView() {
   if (m_recorder == nullptr) glMatrixMode(GL_MODELVIEW);
 }
 
+void COpenGL::SetMagnification(double factor, double x, double y) {
+  SendGathered();
+  const bool isUsable = factor > 0.0 && std::isfinite(factor * x) && std::isfinite(factor * y);
+  glMatrixMode(GL_PROJECTION);
+  glLoadIdentity();
+  if (isUsable) {
+    glScaled(factor, factor, 1.0);
+    glTranslated(-x, -y, 0.0);
+  }
+  glMatrixMode(GL_MODELVIEW);
+}
+
 void COpenGL::Rotate3D(double degrees, int axis) {
   if (axis < 0 || axis > 2) return;
   if (m_recorder != nullptr) {
