@@ -1,0 +1,145 @@
+/// @file
+/// A widget that shows charts.
+#pragma once
+
+#include <QtCore/QFlags>
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+#include <memory>
+#include <vector>
+
+#include "orvalix/qt/export.h"
+
+class CChartView3D;
+class CQtDC;
+class CQtWnd;
+class QPagedPaintDevice;
+
+namespace orvalix {
+class Navigation;
+struct ViewPoint;
+}  // namespace orvalix
+
+/// Owns a view, paints it at the resolution of the screen, and lets its user turn, magnify, move
+/// and copy the charts. Charts are made through GetView(); after changing them, call update().
+///
+/// | user | what happens |
+/// |---|---|
+/// | drags with the left button | the charts under the pointer turn with it |
+/// | drags with the middle button, or the left one and Shift | they move |
+/// | turns the wheel | they are magnified about the pointer |
+/// | double-clicks | all charts go back to how they stood at first |
+/// | clicks with the right button, presses the menu key | a menu |
+/// | presses arrow keys; with Shift; + and -; Home | turning, moving, magnifying, going back: all
+/// charts | | presses the keys for copying | the picture is on the clipboard |
+///
+/// A point that is over no chart stands for all of them. Turning changes the rotation of all
+/// transforms of a chart, magnifying and moving its zoom (CChart3D::SetZoom()).
+///
+/// What fails while painting is reported once, after the painting, and not again until painting has
+/// succeeded; meanwhile the widget shows the message.
+class ORVALIX_QT_API ChartWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// What the user can do.
+  enum Interaction {
+    kRotation = 1,      ///< turning with the mouse
+    kZoom = 2,          ///< magnifying with the wheel
+    kPanning = 4,       ///< moving with the mouse
+    kReset = 8,         ///< going back with a double click
+    kContextMenu = 16,  ///< the menu
+    kKeyboard = 32      ///< all of it with keys
+  };
+  Q_DECLARE_FLAGS(Interactions, Interaction)
+
+  /// A view whose bitmap is as large as the largest screen, in its pixels, so that a window that
+  /// fills a screen is filled. The bitmap never grows: what a still larger widget has in addition,
+  /// at the top and at the right, is background. Printed and copied pictures have its size.
+  /// @throws CErr3D as CChartView3D(CWnd*), for example type 18 without OpenGL
+  explicit ChartWidget(QWidget* parent = nullptr);
+  /// The same with a bitmap of that many pixels.
+  explicit ChartWidget(const QSize& bitmapSize, QWidget* parent = nullptr);
+  ~ChartWidget() override;
+
+  /// The view; owned by the widget.
+  CChartView3D* GetView() const;
+
+  /// Default: all of them. Events that an interaction doesn't want are ignored, so that they go to
+  /// the parent.
+  void SetInteractions(Interactions interactions);
+  Interactions GetInteractions() const;
+  void EnableInteraction(Interaction interaction, bool enable = true);
+
+  /// @name What the user does, for programs
+  /// For all charts, with the interactions switched off too.
+  /// @{
+
+  /// Turns by degrees: what is in front goes to the right and up.
+  void RotateView(double right, double up);
+  /// Magnifies about the middle, from a tenth up to 50 times.
+  void ZoomView(double factor);
+  /// Moves by pixels as Qt counts them, to the right and down. The middle of a chart's rectangle
+  /// always shows something of it.
+  void PanView(double right, double down);
+  /// Goes back to how the charts stood before the first change.
+  void ResetView();
+  /// Takes how the charts stand now as what ResetView() goes back to. Call it after charts were
+  /// loaded or turned by the program.
+  void KeepView();
+  /// @}
+
+  /// Puts the picture, of the bitmap's size, on the clipboard.
+  /// @return false when that failed, which the user has been told
+  bool CopyToClipboard();
+  /// Prints the view on one page, in the view's scale mode (CChartView3D::SetPrintScaleMode()).
+  /// @param pages a printer or a PDF file, to which nothing is painting
+  /// @return false when that failed, which the user has been told unless the device refused
+  bool Print(QPagedPaintDevice& pages);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ signals:
+  /// The charts were turned, magnified or moved, by the user or through this class.
+  void viewChanged();
+  /// Painting failed, after it had not failed before.
+  void drawingFailed(const QString& message);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  /// Shows a menu with the interactions that are switched on, followed by the actions that were
+  /// added to the widget (QWidget::addAction()).
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  enum class Drag { kNone, kTurning, kMoving };
+
+  bool Allows(Interaction interaction) const;
+  orvalix::ViewPoint ToPixels(const QPointF& position) const;
+  orvalix::ViewPoint SizeInPixels() const;
+  void Changed();
+  void PaintRest(QPainter& painter) const;
+  void PaintFailure(QPainter& painter) const;
+  void Fail(const QString& message, bool isReported);
+  bool MoveByKey(int key, bool shift);
+
+  std::unique_ptr<CQtWnd> m_window;
+  std::unique_ptr<CChartView3D> m_view;
+  std::unique_ptr<CQtDC> m_dc;  ///< over the painter of the paint event at hand
+  std::unique_ptr<orvalix::Navigation> m_navigation;
+  Interactions m_interactions;
+  Drag m_drag = Drag::kNone;
+  QPointF m_dragPosition;            ///< of the last mouse event
+  std::vector<int> m_draggedCharts;  ///< as Navigation::Charts
+  QString m_failure;                 ///< why painting fails; null while it doesn't
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(ChartWidget::Interactions)

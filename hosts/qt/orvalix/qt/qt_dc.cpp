@@ -1,0 +1,49 @@
+#include "orvalix/qt/qt_dc.h"
+
+#include <QtGui/QImage>
+#include <QtGui/QPagedPaintDevice>
+#include <QtGui/QPainter>
+
+#include "orvalix/qt/device_properties_internal.h"
+
+namespace {
+
+/// Devices whose pixels are so small that a picture is stretched over many of them.
+bool IsPage(const QPaintDevice& device) {
+  return dynamic_cast<const QPagedPaintDevice*>(&device) != nullptr;
+}
+
+}  // namespace
+
+CQtDC::CQtDC() : CQtDC(nullptr) {}
+
+CQtDC::CQtDC(QPainter* painter) : m_painter(painter) { CreateHostDC(); }
+
+void CQtDC::SetPainter(QPainter* painter) { m_painter = painter; }
+
+int CQtDC::GetDeviceCaps(int index) const {
+  const QPaintDevice* const device = m_painter != nullptr ? m_painter->device() : nullptr;
+  return device != nullptr ? orvalix::DeviceProperty(*device, index) : 0;
+}
+
+BOOL CQtDC::PutImage(const RECT& destination, const void* bgra, int width, int height,
+                     int strideBytes) {
+  if (m_painter == nullptr || !m_painter->isActive()) return FALSE;
+  // Wraps the pixels: nothing is copied on the way to the painter.
+  const QImage picture(static_cast<const uchar*>(bgra), width, height, strideBytes,
+                       QImage::Format_RGB32);
+  if (picture.isNull()) return FALSE;
+
+  const QPaintDevice& device = *m_painter->device();
+  const double unit = 1.0 / device.devicePixelRatioF();
+  m_painter->save();
+  m_painter->scale(unit, unit);
+  m_painter->setRenderHint(QPainter::LosslessImageRendering);
+  m_painter->setRenderHint(QPainter::SmoothPixmapTransform, IsPage(device));
+  m_painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+  const QPointF upperLeft(destination.left, destination.top);
+  const QPointF lowerRight(destination.right, destination.bottom);
+  m_painter->drawImage(QRectF(upperLeft, lowerRight), picture);
+  m_painter->restore();
+  return TRUE;
+}

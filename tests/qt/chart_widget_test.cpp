@@ -1,0 +1,95 @@
+#include "orvalix/qt/chart_widget.h"
+
+#include <QtGui/QPainter>
+
+#include "qt/qt_fixture.h"
+
+namespace {
+
+using namespace orvalix::test;
+
+TEST(ChartWidgetPainting, ScreenshotIsTheOffscreenPicture) {
+  ChartWidget widget;
+  FillWithBars(*widget.GetView());
+  widget.resize(500, 380);
+  ShowOnScreen(widget);
+  const QImage shown = Screenshot(widget);
+  EXPECT_EQ(shown.size(), QSize(500, 380));
+  EXPECT_EQ(shown, OffscreenPicture(500, 380, FillWithBars));
+}
+
+TEST(ChartWidgetPainting, FillsTheWindowAfterEachResize) {
+  ChartWidget widget;
+  FillWithBars(*widget.GetView());
+  widget.resize(300, 200);
+  ShowOnScreen(widget);
+  for (const QSize size : {QSize(640, 500), QSize(200, 350), QSize(1100, 900)}) {
+    widget.resize(size);
+    ASSERT_TRUE(WaitUntil([&] { return Screenshot(widget).size() == size; }));
+    Wait(100);
+    EXPECT_EQ(Screenshot(widget), OffscreenPicture(size.width(), size.height(), FillWithBars));
+  }
+}
+
+// A bitmap of 200 x 150 in a widget of 300 x 250: the lower left 200 x 150 pixels of the picture
+// that a large enough bitmap would hold; above and beside it background.
+TEST(ChartWidgetPainting, ALargerWindowShowsTheLowerLeftOfThePicture) {
+  ChartWidget widget(QSize(200, 150));
+  FillWithBars(*widget.GetView());
+  QPalette colors = widget.palette();
+  colors.setColor(QPalette::Window, QColor(10, 200, 30));
+  widget.setPalette(colors);
+  widget.resize(300, 250);
+  ShowOnScreen(widget);
+  const QImage shown = Screenshot(widget);
+  QImage expected = OffscreenPicture(300, 250, FillWithBars);
+  {
+    QPainter painter(&expected);
+    painter.fillRect(0, 0, 300, 100, QColor(10, 200, 30));
+    painter.fillRect(200, 0, 100, 250, QColor(10, 200, 30));
+  }
+  EXPECT_EQ(shown, expected);
+}
+
+TEST(ChartWidgetPainting, TheBitmapIsAsLargeAsTheScreen) {
+  const ChartWidget widget;
+  EXPECT_EQ(widget.GetView()->GetDIBSection()->DIBWidth(), 1280);
+  EXPECT_EQ(widget.GetView()->GetDIBSection()->DIBHeight(), 1024);
+}
+
+TEST(ChartWidgetPainting, ShowsWhatHasChangedAfterAnUpdate) {
+  ChartWidget widget;
+  FillWithBars(*widget.GetView());
+  widget.resize(320, 240);
+  ShowOnScreen(widget);
+  const auto fill = [](CChartView3D& view) {
+    FillWithBars(view);
+    view.GetChart(0)->SetChartBkColor(SetRGBD(1.0, 1.0, 0.5, 1.0));
+  };
+  widget.GetView()->GetChart(0)->SetChartBkColor(SetRGBD(1.0, 1.0, 0.5, 1.0));
+  widget.update();
+  EXPECT_EQ(Screenshot(widget), OffscreenPicture(320, 240, fill));
+}
+
+TEST(ChartWidgetPainting, SeveralViewsLiveBesideEachOther) {
+  QWidget window;
+  window.resize(600, 250);
+  ChartWidget left(&window);
+  ChartWidget right(&window);
+  left.setGeometry(0, 0, 300, 250);
+  right.setGeometry(300, 0, 300, 250);
+  FillWithBars(*left.GetView());
+  right.GetView()->SetViewBkColor(SetRGBD(0.0, 0.0, 1.0, 1.0));
+  ShowOnScreen(window);
+  EXPECT_EQ(Screenshot(left), OffscreenPicture(300, 250, FillWithBars));
+  EXPECT_EQ(Screenshot(right).pixelColor(100, 100), QColor(0, 0, 255));
+}
+
+TEST(ChartWidgetPainting, TellsAssistiveProgramsWhatItIs) {
+  const ChartWidget widget;
+  EXPECT_EQ(widget.accessibleName(), "3D chart");
+  EXPECT_FALSE(widget.accessibleDescription().isEmpty());
+  EXPECT_EQ(widget.focusPolicy(), Qt::StrongFocus);
+}
+
+}  // namespace
