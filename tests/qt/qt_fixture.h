@@ -38,7 +38,7 @@ inline void Wait(int milliseconds) {
 }
 
 /// Runs another program while events are handled here. @return what it wrote
-inline QByteArray Run(const QString& program, const QStringList& arguments) {
+inline QByteArray RunProgram(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
   EXPECT_TRUE(WaitUntil([&] { return process.state() == QProcess::NotRunning; }, 30000))

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace orvalix::test {
@@ -10,6 +11,7 @@ namespace {
 thread_local int allocationsUntilFailure = 0;  ///< 0 when none is to fail
 thread_local bool failsFromThen = false;
 thread_local bool hasFailed = false;
+thread_local std::size_t limit = std::numeric_limits<std::size_t>::max();
 thread_local std::size_t largest = 0;
 thread_local std::size_t total = 0;
 
@@ -23,7 +25,7 @@ bool IsToFail() {
 void* Allocate(std::size_t size) noexcept {
   largest = std::max(largest, size);
   total += size;
-  return IsToFail() ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
+  return size > limit || IsToFail() ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
 }
 
 void* AllocateOrThrow(std::size_t size) {
@@ -41,6 +43,12 @@ void FailAllocation(int n, Failing extent) {
 }
 
 bool AllocationFailure::Happened() const { return hasFailed; }
+
+LargeAllocationFailure::LargeAllocationFailure(std::size_t bytes) { limit = bytes; }
+
+LargeAllocationFailure::~LargeAllocationFailure() {
+  limit = std::numeric_limits<std::size_t>::max();
+}
 
 AllocationMeter::AllocationMeter() {
   largest = 0;

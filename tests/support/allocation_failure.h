@@ -29,6 +29,15 @@ class AllocationFailure {
   bool Happened() const;
 };
 
+/// Lets allocations of this thread fail that ask for more than `bytes`, while it lives.
+class LargeAllocationFailure {
+ public:
+  explicit LargeAllocationFailure(std::size_t bytes);
+  ~LargeAllocationFailure();
+  LargeAllocationFailure(const LargeAllocationFailure&) = delete;
+  LargeAllocationFailure& operator=(const LargeAllocationFailure&) = delete;
+};
+
 /// Runs `work` with its first allocation failing, then with its second, until a run needs no more.
 /// @return how many allocations failed, one in each run
 template <class Work>

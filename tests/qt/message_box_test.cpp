@@ -1,0 +1,192 @@
+#include <QtCore/QBuffer>
+#include <QtCore/QTimer>
+#include <QtGui/QPdfWriter>
+#include <QtWidgets/QMessageBox>
+#include <thread>
+#include <vector>
+
+#include "orvalix/qt/qt_dc.h"
+#include "orvalix/qt/qt_host.h"
+#include "orvalix/qt/qt_wnd.h"
+#include "qt/qt_fixture.h"
+#include "support/allocation_failure.h"
+
+namespace {
+
+using namespace orvalix::test;
+
+/// Presses the button of every box that comes up, and takes down what they said.
+class BoxWatcher {
+ public:
+  BoxWatcher() {
+    m_timer.callOnTimeout([this] {
+      for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* const box = qobject_cast<QMessageBox*>(widget);
+        if (box == nullptr || !box->isVisible()) continue;
+        EXPECT_TRUE(box->isModal());
+        EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
+        texts << box->text();
+        if (whileOpen) whileOpen();
+        box->accept();
+      }
+    });
+    m_timer.start(20);
+  }
+
+  QStringList texts;
+  std::function<void()> whileOpen;
+
+ private:
+  QTimer m_timer;
+};
+
+class QtMessageBox : public ::testing::Test {
+ protected:
+  QtMessageBox() { ConnectQtHost(); }
+  ~QtMessageBox() override { CErr3D::SetErrorReportMode(1); }
+
+  BoxWatcher boxes;
+};
+
+TEST_F(QtMessageBox, AnErrorShowsExactlyOne) {
+  try {
+    throw CErr3D(ERR3D_DISK_IO, ERR3DCLASS_CHARTVIEW3D, "Save");
+  } catch (const CErr3D& error) {
+    const CErr3D copy(error);
+    EXPECT_EQ(copy.GetErrorType(), ERR3D_DISK_IO);
+  }
+  Wait(100);
+  EXPECT_EQ(boxes.texts, QStringList{"Disk I/O Error"});
+}
+
+TEST_F(QtMessageBox, AFailureOfTheLibraryShowsOne) {
+  ChartWidget widget(QSize(16, 16));
+  EXPECT_THROW(widget.GetView()->Load("/no/such/file"), CErr3D);
+  EXPECT_EQ(boxes.texts, QStringList{"Error Opening File for Input"});
+}
+
+TEST_F(QtMessageBox, SilentModeShowsNone) {
+  CErr3D::SetErrorReportMode(0);
+  ChartWidget widget(QSize(16, 16));
+  EXPECT_THROW(widget.GetView()->Load("/no/such/file"), CErr3D);
+  Wait(100);
+  EXPECT_EQ(boxes.texts, QStringList{});
+}
+
+TEST_F(QtMessageBox, AnswersWithOkAndReadsUtf8) {
+  EXPECT_EQ(AfxMessageBox("Gr\xC3\xB6\xC3\x9F"
+                          "e"),
+            IDOK);
+  EXPECT_EQ(boxes.texts, QStringList{QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
+                                                       "e")});
+}
+
+TEST_F(QtMessageBox, WhileOneIsOpenOthersAreWritten) {
+  boxes.whileOpen = [] { AfxMessageBox("second"); };
+  ::testing::internal::CaptureStderr();
+  AfxMessageBox("first");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "second\n");
+  EXPECT_EQ(boxes.texts, QStringList{"first"});
+}
+
+TEST_F(QtMessageBox, OtherThreadsWrite) {
+  ::testing::internal::CaptureStderr();
+  std::thread([] { EXPECT_EQ(AfxMessageBox("from elsewhere"), IDOK); }).join();
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "from elsewhere\n");
+  EXPECT_EQ(boxes.texts, QStringList{});
+}
+
+constexpr std::size_t kPoor = 200000;  ///< bytes that one allocation may ask for
+
+/// Contour lines whose colours take more than that in every frame.
+void FillWithContours(CChartView3D& view) {
+  constexpr int kLines = 10000;
+  CTransform3D* transform = nullptr;
+  CChart3D* chart = view.NewChart3D({0, 0, 0, 0}, {1, 1, 1, 0}, &transform);
+  CPolysurface surface;
+  const double heights[] = {0.0, 0.2, 0.4, 0.6};
+  surface.CreatePolysurfaceEvenGrid(2, 2, 0.0, 0.0, 1.0, 1.0, heights, 1);
+  const std::vector<double> levels(kLines, 0.5);
+  const std::vector<RGBDType> colors(kLines + 1, SetRGBD(1, 0, 0, 1));
+  chart->NewChartObj(transform)->ContourPolysurface3D(&surface, levels.data(), colors.data(),
+                                                      kLines, 0.0, 0);
+  chart->GetChartObj(0)->SetLineWidth(0);
+}
+
+/// A chart that can't be painted while memory is scarce.
+class FailingPaint : public QtMessageBox {
+ protected:
+  FailingPaint() : widget(QSize(200, 150)) {
+    QObject::connect(&widget, &ChartWidget::drawingFailed,
+                     [this](const QString& text) { failures << text; });
+    QPalette colors = widget.palette();
+    colors.setColor(QPalette::Window, QColor(250, 200, 30));
+    widget.setPalette(colors);
+    FillWithContours(*widget.GetView());
+    widget.resize(200, 150);
+  }
+
+  void PaintOften() {
+    for (int i = 0; i < 5; ++i) {
+      widget.update();
+      Wait(20);
+    }
+  }
+  bool ShowsChart() { return Screenshot(widget) == OffscreenPicture(200, 150, FillWithContours); }
+
+  ChartWidget widget;
+  QStringList failures;
+};
+
+TEST_F(FailingPaint, IsToldOnceAndShown) {
+  {
+    const LargeAllocationFailure poor(kPoor);
+    ShowOnScreen(widget);
+    PaintOften();
+    EXPECT_EQ(boxes.texts, QStringList{"Object New Error"});
+    EXPECT_EQ(failures, QStringList{"Object New Error"});
+    EXPECT_EQ(Screenshot(widget).pixelColor(3, 3), QColor(250, 200, 30));
+  }
+  PaintOften();
+  EXPECT_TRUE(ShowsChart());
+  EXPECT_EQ(boxes.texts.size(), 1);
+}
+
+TEST_F(FailingPaint, IsToldAgainAfterItWasMended) {
+  ShowOnScreen(widget);
+  EXPECT_TRUE(ShowsChart());
+  CChartObj3D* const series = widget.GetView()->GetChart(0)->GetChartObj(0);
+  for (int time = 1; time <= 2; ++time) {
+    {
+      series->SetLineWidth(2);  // what is kept of the lines doesn't do any more
+      const LargeAllocationFailure poor(kPoor);
+      PaintOften();
+    }
+    EXPECT_EQ(boxes.texts.size(), time);
+    series->SetLineWidth(0);
+    PaintOften();
+    EXPECT_TRUE(ShowsChart());
+  }
+}
+
+TEST_F(FailingPaint, SilentModeHasTheSignalOnly) {
+  CErr3D::SetErrorReportMode(0);
+  const LargeAllocationFailure poor(kPoor);
+  ShowOnScreen(widget);
+  PaintOften();
+  EXPECT_EQ(boxes.texts, QStringList{});
+  EXPECT_EQ(failures, QStringList{"Object New Error"});
+}
+
+TEST_F(FailingPaint, CopyingAndPrintingTell) {
+  const LargeAllocationFailure poor(kPoor);
+  EXPECT_FALSE(widget.CopyToClipboard());
+  EXPECT_EQ(boxes.texts.size(), 1);
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  QPdfWriter pages(&file);
+  EXPECT_FALSE(widget.Print(pages));
+  EXPECT_EQ(boxes.texts, (QStringList{"Object New Error", "Object New Error"}));
+}
+
+}  // namespace
