@@ -189,20 +189,27 @@ TEST_F(QtPrinting, APreviewShowsThePage) {
   QPrinter printer(QPrinter::ScreenResolution);
   printer.setOutputFormat(QPrinter::PdfFormat);
   QPrintPreviewWidget preview(&printer);
+  ChartWidget large(QSize(1600, 1200));
+  FillWithColors(*large.GetView());
   int painted = 0;
   QObject::connect(&preview, &QPrintPreviewWidget::paintRequested, [&](QPrinter* page) {
     ++painted;
-    EXPECT_TRUE(widget.Print(*page));
+    EXPECT_TRUE(large.Print(*page));
   });
   preview.resize(400, 500);
   ShowOnScreen(preview);
   EXPECT_EQ(painted, 1);
   const QImage shown = Screenshot(preview);
-  int inked = 0;
+  int blue = 0;
+  int red = 0;
   for (int y = 0; y < shown.height(); ++y) {
-    for (int x = 0; x < shown.width(); ++x) inked += shown.pixelColor(x, y) == kInk ? 1 : 0;
+    for (int x = 0; x < shown.width(); ++x) {
+      blue += shown.pixelColor(x, y) == kInk ? 1 : 0;
+      red += shown.pixelColor(x, y) == QColor(255, 0, 0) ? 1 : 0;
+    }
   }
-  EXPECT_GT(inked, 1000);
+  EXPECT_GT(red, 1000);
+  EXPECT_NEAR(blue, 3 * red, red / 5);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QPicture>
 #include <array>
 
 #include "orvalix/qt/qt_wnd.h"
@@ -76,6 +77,24 @@ TEST(QtDC, CountsPixelsWhateverTheRatioAndThePainterSay) {
     EXPECT_EQ(picture.pixelColor(33, 3), QColor(0, 0, 0)) << ratio;
     EXPECT_EQ(picture.pixelColor(30, 0), QColor(0, 0, 0)) << ratio;
   }
+}
+
+TEST(QtDC, ARecordingKeepsThePixels) {
+  QPicture recording;
+  {
+    std::array<unsigned char, 16> pixels = kPixels;
+    QPainter painter(&recording);
+    CQtDC dc(&painter);
+    EXPECT_TRUE(dc.PutImage({1, 1, 3, 3}, pixels.data(), 2, 2, 8));
+    pixels.fill(0);
+    painter.end();
+  }
+  QImage picture = WhitePicture(8, 6);
+  QPainter painter(&picture);
+  recording.play(&painter);
+  painter.end();
+  EXPECT_EQ(picture.pixelColor(1, 1), QColor(255, 0, 0));
+  EXPECT_EQ(picture.pixelColor(2, 2), QColor(255, 255, 255));
 }
 
 TEST(QtDC, RefusesWhatItCannotDraw) {

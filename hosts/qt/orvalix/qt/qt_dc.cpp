@@ -13,6 +13,11 @@ bool IsPage(const QPaintDevice& device) {
   return dynamic_cast<const QPagedPaintDevice*>(&device) != nullptr;
 }
 
+/// Devices that draw later, when the pixels are gone: recordings, and the pages of a preview.
+bool DrawsLater(const QPaintDevice& device) {
+  return IsPage(device) || device.devType() == QInternal::Picture;
+}
+
 }  // namespace
 
 CQtDC::CQtDC() : CQtDC(nullptr) {}
@@ -29,12 +34,12 @@ int CQtDC::GetDeviceCaps(int index) const {
 BOOL CQtDC::PutImage(const RECT& destination, const void* bgra, int width, int height,
                      int strideBytes) {
   if (m_painter == nullptr || !m_painter->isActive()) return FALSE;
-  // Wraps the pixels: nothing is copied on the way to the painter.
-  const QImage picture(static_cast<const uchar*>(bgra), width, height, strideBytes,
-                       QImage::Format_RGB32);
-  if (picture.isNull()) return FALSE;
+  // Wraps the pixels: nothing is copied on the way to a widget or an image.
+  QImage picture(static_cast<const uchar*>(bgra), width, height, strideBytes, QImage::Format_RGB32);
 
   const QPaintDevice& device = *m_painter->device();
+  if (DrawsLater(device)) picture = picture.copy();
+  if (picture.isNull()) return FALSE;
   const double unit = 1.0 / device.devicePixelRatioF();
   m_painter->save();
   m_painter->scale(unit, unit);
