@@ -71,6 +71,37 @@ TEST(ChartWidgetPainting, ShowsWhatHasChangedAfterAnUpdate) {
   EXPECT_EQ(Screenshot(widget), OffscreenPicture(320, 240, fill));
 }
 
+TEST(ChartWidgetPainting, AnotherThreadMayUseTheViewMeanwhile) {
+  ChartWidget widget(QSize(320, 240));
+  FillWithBars(*widget.GetView());
+  widget.resize(320, 240);
+  ShowOnScreen(widget);
+  widget.EnablePainting(false);
+  CChartView3D& view = *widget.GetView();
+  view.GetOpenGLPntr()->MakeNonCurrent();
+  const std::unique_ptr<QThread> thread(QThread::create([&view] {
+    CWnd canvas;
+    canvas.CreateOffscreen(320, 240);
+    for (int i = 0; i < 50; ++i) {
+      view.GetChart(0)->SetChartBkColor(SetRGBD(1.0, 1.0, i / 50.0, 1.0));
+      view.DrawViewScreen(canvas.GetDC(), 0, 0, 320, 240);
+    }
+    view.GetChart(0)->SetChartBkColor(SetRGBD(0.0, 1.0, 1.0, 1.0));
+    view.GetOpenGLPntr()->MakeNonCurrent();
+  }));
+  thread->start();
+  while (!thread->isFinished()) {
+    widget.update();
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(Screenshot(widget), OffscreenPicture(320, 240, FillWithBars));
+  widget.EnablePainting(true);
+  EXPECT_EQ(Screenshot(widget), OffscreenPicture(320, 240, [](CChartView3D& other) {
+              FillWithBars(other);
+              other.GetChart(0)->SetChartBkColor(SetRGBD(0.0, 1.0, 1.0, 1.0));
+            }));
+}
+
 TEST(ChartWidgetPainting, SeveralViewsLiveBesideEachOther) {
   QWidget window;
   window.resize(600, 250);

@@ -21,8 +21,12 @@ bool IsOn(const CAxes3D& axes, int plane) {
   return axes.GetPlaneEnable(plane) != 0 || axes.GetGridEnable(plane) != 0;
 }
 
-/// A plane that nobody has given a colour.
-void ShowNew(CAxes3D& axes, int plane) {
+/// Shows a plane in its colour, or, when nobody has given it one, in grey.
+void ShowFirst(CAxes3D& axes, int plane) {
+  if (axes.GetPlaneColor(plane).alpha > 0.0) {
+    axes.EnablePlane(plane, 1);
+    return;
+  }
   const std::array<int, 2>& along = kAxesOfPlane[static_cast<std::size_t>(plane % 3)];
   axes.SetPlaneColor(plane, kFill, kLine);
   axes.SetPlaneColorMode(plane, 0);
@@ -53,12 +57,14 @@ bool AxesPlanes::IsShown(int plane) const {
 }
 
 void AxesPlanes::Show(int plane, bool show) {
-  for (CAxes3D* axes : AllAxes()) {
-    if (show == IsOn(*axes, plane)) continue;
-    if (show) {
-      Restore(*axes, plane);
-    } else {
-      Hide(*axes, plane);
+  if (!show) {
+    for (CAxes3D* axes : AllAxes()) {
+      if (IsOn(*axes, plane)) Hide(*axes, plane);
+    }
+  } else if (!Restore(plane)) {
+    for (int i = 0; i < m_view.GetNumCharts(); ++i) {
+      CAxes3D* const axes = m_view.GetChart(i)->GetAxes(0);
+      if (axes != nullptr) ShowFirst(*axes, plane);
     }
   }
 }
@@ -70,19 +76,16 @@ void AxesPlanes::Hide(CAxes3D& axes, int plane) {
   axes.EnableGrid(plane, 0);
 }
 
-void AxesPlanes::Restore(CAxes3D& axes, int plane) {
-  const auto hidden = std::find_if(m_hidden.begin(), m_hidden.end(), [&](const Hidden& each) {
-    return each.axes == &axes && each.plane == plane;
-  });
-  if (hidden != m_hidden.end()) {
-    axes.EnablePlane(plane, hidden->hadFill ? 1 : 0);
-    axes.EnableGrid(plane, hidden->hadGrid ? 1 : 0);
-    m_hidden.erase(hidden);
-  } else if (axes.GetPlaneColor(plane).alpha > 0.0) {
-    axes.EnablePlane(plane, 1);
-  } else {
-    ShowNew(axes, plane);
+bool AxesPlanes::Restore(int plane) {
+  bool isRestored = false;
+  for (const Hidden& hidden : m_hidden) {
+    if (hidden.plane != plane) continue;
+    hidden.axes->EnablePlane(plane, hidden.hadFill ? 1 : 0);
+    hidden.axes->EnableGrid(plane, hidden.hadGrid ? 1 : 0);
+    isRestored = true;
   }
+  std::erase_if(m_hidden, [plane](const Hidden& hidden) { return hidden.plane == plane; });
+  return isRestored;
 }
 
 }  // namespace orvalix

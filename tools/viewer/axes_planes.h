@@ -23,8 +23,8 @@ class AxesPlanes {
   bool Exist() const;
   /// True when any of the axes shows that plane.
   bool IsShown(int plane) const;
-  /// Shows or hides a plane of all axes. One that was hidden comes back with the grid it had; one
-  /// that never had a colour comes in light grey with a grid at the major tics.
+  /// Shows or hides a plane. What was hidden comes back with the grid it had; otherwise the first
+  /// axes of each chart show it, in its own colour, or in light grey with a grid at the major tics.
   void Show(int plane, bool show);
 
  private:
@@ -37,7 +37,7 @@ class AxesPlanes {
 
   std::vector<CAxes3D*> AllAxes() const;
   void Hide(CAxes3D& axes, int plane);
-  void Restore(CAxes3D& axes, int plane);
+  bool Restore(int plane);
 
   CChartView3D& m_view;
   std::vector<Hidden> m_hidden;  ///< by this object

@@ -40,13 +40,15 @@ void WarmUp(CChartView3D& view, int width, int height) {
 void ViewerWindow::WorkOnView(ChartWidget& chart, const QString& what,
                               const std::function<void(CChartView3D&)>& work) {
   CChartView3D& view = *chart.GetView();
-  // The context goes to the other thread and comes back; nothing may be painted meanwhile.
+  // The context goes to the other thread and comes back; no chart may be painted meanwhile.
   m_isBusy = true;
   statusBar()->showMessage(what);
-  if (m_chart != nullptr) m_chart->setUpdatesEnabled(false);
+  chart.EnablePainting(false);
+  if (m_chart != nullptr) m_chart->EnablePainting(false);
   view.GetOpenGLPntr()->MakeNonCurrent();
-  const auto restore = [this] {
-    if (m_chart != nullptr) m_chart->setUpdatesEnabled(true);
+  const auto restore = [this, &chart] {
+    chart.EnablePainting(true);
+    if (m_chart != nullptr) m_chart->EnablePainting(true);
     statusBar()->clearMessage();
     m_isBusy = false;
   };

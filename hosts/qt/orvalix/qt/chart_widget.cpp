@@ -125,8 +125,19 @@ ViewPoint ChartWidget::ToPixels(const QPointF& position) const {
 
 ViewPoint ChartWidget::SizeInPixels() const { return ToPixels(QPointF(width(), height())); }
 
+void ChartWidget::EnablePainting(bool enable) {
+  m_isPainting = enable;
+  if (enable) update();
+}
+
 void ChartWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  if (!m_isPainting) {
+    // What was painted before is still there.
+    if (!m_wasPainted) painter.fillRect(rect(), palette().window());
+    return;
+  }
+  m_wasPainted = true;
   const orvalix::HeldNotices notices;
   m_dc->SetPainter(&painter);
   try {

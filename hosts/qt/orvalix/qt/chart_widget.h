@@ -90,6 +90,11 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   void KeepView();
   /// @}
 
+  /// Off, the widget keeps showing what it has painted last and doesn't touch its view, which may
+  /// then be used on another thread; the context must not be current here meanwhile
+  /// (COpenGL::MakeNonCurrent()), nor there afterwards. Default on.
+  void EnablePainting(bool enable);
+
   /// Puts the picture, of the bitmap's size, on the clipboard.
   /// @return false when that failed, which the user has been told
   bool CopyToClipboard();
@@ -139,6 +144,8 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   Drag m_drag = Drag::kNone;
   QPointF m_dragPosition;            ///< of the last mouse event
   std::vector<int> m_draggedCharts;  ///< as Navigation::Charts
+  bool m_isPainting = true;          ///< see EnablePainting()
+  bool m_wasPainted = false;         ///< once at least
   QString m_failure;                 ///< why painting fails; null while it doesn't
 };
 
