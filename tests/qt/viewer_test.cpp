@@ -34,7 +34,6 @@ class Dialogs {
 
   QStringList said;
   QList<QMessageBox::StandardButton> answers;  ///< Ok when there are no more
-  QString file;                                ///< that file dialogs choose
 
  private:
   void Answer() {
@@ -42,15 +41,18 @@ class Dialogs {
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
       said << box->text() + ' ' + box->informativeText();
       const auto answer = answers.isEmpty() ? QMessageBox::Ok : answers.takeFirst();
+      ASSERT_NE(box->button(answer), nullptr) << said.last().toStdString();
       box->button(answer)->click();
     } else if (auto* const files = qobject_cast<QFileDialog*>(dialog)) {
+      if (files == m_accepted) return;
+      m_accepted = files;
       said << files->windowTitle();
-      files->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QMetaObject::invokeMethod(files, "accept", Qt::QueuedConnection);
     }
   }
 
   QTimer m_timer;
+  QPointer<QFileDialog> m_accepted;  ///< with the name that it proposes
 };
 
 class Viewer : public ::testing::Test {
@@ -226,7 +228,7 @@ TEST_F(Viewer, SwitchesPlanes) {
 
 TEST_F(Viewer, AsksBeforeChangesAreLost) {
   ASSERT_TRUE(window->OpenFile(BarsFile()));
-  window->GetChart()->ZoomView(1.1);
+  window->GetChart()->RotateView(5.0, 0.0);  // from 8 to 3 degrees
   EXPECT_TRUE(window->IsChanged());
   dialogs.answers = {QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Cancel};
   EXPECT_FALSE(window->close());
@@ -236,11 +238,13 @@ TEST_F(Viewer, AsksBeforeChangesAreLost) {
   EXPECT_EQ(window->windowTitle(), "bars.chart[*]");
 
   dialogs.said.clear();
-  dialogs.answers = {QMessageBox::Save};
-  dialogs.file = Path("changed.chart");
+  dialogs.answers = {QMessageBox::Save, QMessageBox::Yes};
   EXPECT_TRUE(window->close());
-  EXPECT_EQ(dialogs.said.last(), "Save Chart File");
-  EXPECT_TRUE(QFile::exists(Path("changed.chart")));
+  ASSERT_EQ(dialogs.said.size(), 3);
+  EXPECT_EQ(dialogs.said[1], "Save Chart File");
+  EXPECT_TRUE(dialogs.said[2].contains("already exists")) << dialogs.said[2].toStdString();
+  ASSERT_TRUE(window->OpenFile(Path("bars.chart")));
+  EXPECT_EQ(RotationOf(*window->GetChart()).z, 3.0);
 }
 
 TEST_F(Viewer, TurningAChartOfTheGalleryIsNoWorkToLose) {
