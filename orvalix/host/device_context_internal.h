@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "orvalix/host/gdi_handle_internal.h"
 #include "orvalix/host/handle_table_internal.h"
@@ -66,6 +67,11 @@ class DeviceContext : public HandleOwner {
   HGDIOBJ SelectPalette(PaletteHandle* palette);
   PaletteHandle* Palette() const { return m_palette; }
 
+  /// The memory of the last picture for a device without pixels in memory, so that frame after
+  /// frame takes no new memory; null when there is none.
+  std::unique_ptr<PixelMemory> TakePicture() { return std::move(m_picture); }
+  void KeepPicture(std::unique_ptr<PixelMemory> picture) { m_picture = std::move(picture); }
+
   int StretchMode() const { return m_stretchMode; }
   void SetStretchMode(int mode) { m_stretchMode = mode; }
 
@@ -81,7 +87,8 @@ class DeviceContext : public HandleOwner {
   BitmapHandle* m_bitmap = nullptr;       ///< of memory device contexts; selected
   PaletteHandle* m_palette;               ///< selected
   int m_stretchMode = BLACKONWHITE;
-  CDC* m_owner = nullptr;  ///< whose m_hDC this is
+  std::unique_ptr<PixelMemory> m_picture;  ///< see TakePicture()
+  CDC* m_owner = nullptr;                  ///< whose m_hDC this is
 };
 
 }  // namespace orvalix

@@ -1,7 +1,13 @@
 #include "orvalix/host/transfer_internal.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstring>
 #include <limits>
+#include <memory>
+#include <utility>
 
 #include "orvalix/host/dc.h"
 #include "orvalix/host/device_context_internal.h"
@@ -27,66 +33,91 @@ StretchAxis ClipSource(const StretchAxis& axis, std::int64_t limit) {
           axis.isMirrored};
 }
 
-void MakeOpaque(const Surface& picture) {
-  constexpr int kPixelBytes = 4;
-  for (int y = 0; y < picture.height; ++y) {
-    std::uint8_t* const row = picture.Row(y);
-    for (int x = 0; x < picture.width; ++x) row[x * kPixelBytes + 3] = kOpaque;
+constexpr int kPictureDepth = 32;
+constexpr std::size_t kPixelBytes = kPictureDepth / 8;
+
+void MakeOpaque(std::uint8_t* row, int count) {
+  constexpr auto kAlpha =
+      std::bit_cast<std::uint32_t>(std::array<std::uint8_t, kPixelBytes>{0, 0, 0, kOpaque});
+  for (int x = 0; x < count; ++x, row += kPixelBytes) {
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, row, kPixelBytes);
+    pixel |= kAlpha;
+    std::memcpy(row, &pixel, kPixelBytes);
   }
 }
 
 /// Fills a picture with the source pixels of two axes, one for one.
 bool CopyOrMirror(const Surface& picture, const Surface& from, const StretchAxis& columns,
                   const StretchAxis& rows) {
-  if (!columns.isMirrored && !rows.isMirrored) {
-    return CopyPixels(picture, 0, 0, from,
-                      {columns.from, rows.from, columns.fromCount, rows.fromCount});
-  }
-  return StretchPixels(picture, from,
+  if (columns.isMirrored || rows.isMirrored) {
+    if (!StretchPixels(picture, from,
                        {0, columns.fromCount, columns.from, columns.fromCount, columns.isMirrored},
-                       {0, rows.fromCount, rows.from, rows.fromCount, rows.isMirrored});
+                       {0, rows.fromCount, rows.from, rows.fromCount, rows.isMirrored})) {
+      return false;
+    }
+    for (int y = 0; y < picture.height; ++y) MakeOpaque(picture.Row(y), picture.width);
+    return true;
+  }
+  RowConverter converter(from, picture);
+  for (int y = 0; y < picture.height; ++y) {
+    converter.Convert(from.Pixel(columns.from, rows.from + y), picture.Row(y), picture.width);
+    MakeOpaque(picture.Row(y), picture.width);
+  }
+  return true;
+}
+
+/// Memory for a picture of that size: what the device's last picture left, when it fits.
+std::unique_ptr<PixelMemory> PictureFor(DeviceContext& context, std::int64_t width,
+                                        std::int64_t height) {
+  std::unique_ptr<PixelMemory> picture = context.TakePicture();
+  if (picture && picture->GetSurface().width == width && picture->GetSurface().height == height) {
+    return picture;
+  }
+  picture.reset();
+  return PixelMemory::Create(width, height, kPictureDepth, RowOrder::kTopFirst, 1);
 }
 
 /// Hands a finished picture to a device that has no pixels in memory.
-bool PutPart(CDC& device, const Surface& from, const StretchAxis& across, const StretchAxis& down) {
-  constexpr int kPictureDepth = 32;
+bool PutPart(CDC& device, DeviceContext& context, const Surface& from, const StretchAxis& across,
+             const StretchAxis& down) {
   if (from.top == nullptr || across.IsEmpty() || down.IsEmpty()) return true;
   const StretchAxis columns = ClipSource(across, from.width);
   const StretchAxis rows = ClipSource(down, from.height);
   if (columns.IsEmpty() || rows.IsEmpty()) return true;
-  const auto picture =
-      PixelMemory::Create(columns.fromCount, rows.fromCount, kPictureDepth, RowOrder::kTopFirst, 1);
+  std::unique_ptr<PixelMemory> picture = PictureFor(context, columns.fromCount, rows.fromCount);
   if (!picture) return false;
   const Surface& surface = picture->GetSurface();
   if (!CopyOrMirror(surface, from, columns, rows)) return false;
-  MakeOpaque(surface);
   const RECT destination{ToLong(columns.to), ToLong(rows.to), ToLong(columns.to + columns.toCount),
                          ToLong(rows.to + rows.toCount)};
-  return device.PutImage(destination, surface.top, surface.width, surface.height,
-                         static_cast<int>(surface.stride)) != FALSE;
+  const bool isPut = device.PutImage(destination, surface.top, surface.width, surface.height,
+                                     static_cast<int>(surface.stride)) != FALSE;
+  context.KeepPicture(std::move(picture));
+  return isPut;
 }
 
 }  // namespace
 
 bool CopyToDevice(CDC& device, std::int64_t x, std::int64_t y, const Surface& from,
                   const PixelRect& source) {
-  const auto* context = Find<DeviceContext>(device.GetSafeHdc());
+  auto* context = Find<DeviceContext>(device.GetSafeHdc());
   if (context == nullptr) return false;
   if (context->GetType() != DeviceContext::Type::kHost) {
     return CopyPixels(context->GetSurface(), x, y, from, source);
   }
-  return PutPart(device, from, {x, source.width, source.x, source.width, false},
+  return PutPart(device, *context, from, {x, source.width, source.x, source.width, false},
                  {y, source.height, source.y, source.height, false});
 }
 
 bool StretchToDevice(CDC& device, const Surface& from, const StretchAxis& across,
                      const StretchAxis& down) {
-  const auto* context = Find<DeviceContext>(device.GetSafeHdc());
+  auto* context = Find<DeviceContext>(device.GetSafeHdc());
   if (context == nullptr) return false;
   if (context->GetType() != DeviceContext::Type::kHost) {
     return StretchPixels(context->GetSurface(), from, across, down);
   }
-  return PutPart(device, from, across, down);
+  return PutPart(device, *context, from, across, down);
 }
 
 }  // namespace orvalix

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "orvalix/host/host.h"
+#include "support/allocation_failure.h"
 #include "tests/host/memory_picture.h"
 
 namespace {
@@ -171,6 +173,43 @@ TEST(OtherToolkit, TransparentSourcePixelsArriveOpaque) {
   page.BitBlt(0, 0, 1, 1, &source, 0, 0, SRCCOPY);
   EXPECT_EQ(page.shown[0].pixels, std::vector<DWORD>{0xFF030201});
   EXPECT_EQ(pixel[3], 0);
+}
+
+/// Takes pictures and keeps nothing of them.
+class PoorDC : public PageDC {
+ public:
+  BOOL PutImage(const RECT&, const void* bgra, int, int, int) override {
+    last = bgra;
+    const BYTE first = *static_cast<const BYTE*>(bgra);
+    if (again != nullptr) {
+      CDC* const source = std::exchange(again, nullptr);
+      // Another picture meanwhile leaves the pixels of this one alone.
+      EXPECT_TRUE(BitBlt(0, 0, 64, 48, source, 1, 0, SRCCOPY));
+      EXPECT_EQ(*static_cast<const BYTE*>(bgra), first);
+    }
+    return TRUE;
+  }
+  const void* last = nullptr;
+  CDC* again = nullptr;  ///< what is put while the next picture is
+};
+
+TEST(OtherToolkit, FramesOfOneSizeTakeNoNewMemory) {
+  PoorDC page;
+  MemoryPicture source(64, 48, 32);
+  source.Number();
+  page.BitBlt(0, 0, 64, 48, &source.dc, 0, 0, SRCCOPY);
+  const void* const first = page.last;
+  {
+    const orvalix::test::AllocationMeter meter;
+    for (int i = 0; i < 10; ++i) page.BitBlt(0, 0, 64, 48, &source.dc, 0, 0, SRCCOPY);
+    EXPECT_LT(meter.Total(), 64U * 48U * 4U);
+  }
+  EXPECT_EQ(page.last, first);
+  page.again = &source.dc;
+  EXPECT_TRUE(page.BitBlt(0, 0, 64, 48, &source.dc, 0, 0, SRCCOPY));
+  page.BitBlt(0, 0, 32, 48, &source.dc, 0, 0, SRCCOPY);
+  page.BitBlt(0, 0, 64, 48, &source.dc, 0, 0, SRCCOPY);
+  EXPECT_TRUE(page.shown.empty());
 }
 
 TEST(OtherToolkit, BlitBringsOnlyWhatTheSourceHas) {
