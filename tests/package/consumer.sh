@@ -1,13 +1,19 @@
 #!/usr/bin/env bash
-# usage: consumer.sh BUILD_FOLDER CMAKE_ARGUMENT...
+# usage: consumer.sh [--project FOLDER] BUILD_FOLDER CMAKE_ARGUMENT...
 #
-# Configures the consumer project from scratch, builds it and runs its program. The arguments say
-# where ORVALIX is: -DCMAKE_PREFIX_PATH for an installed one, -DORVALIX_SOURCE for a subproject.
+# Configures a consumer project (default: consumer) from scratch, builds it and runs its program.
+# The arguments say where ORVALIX is: -DCMAKE_PREFIX_PATH for an installed one, -DORVALIX_SOURCE for a
+# subproject.
 set -euo pipefail
 
+project=consumer
+if [[ $1 == --project ]]; then
+  project=$2
+  shift 2
+fi
 build=$1
 shift
-consumer=$(cd "$(dirname "$0")" && pwd)/consumer
+consumer=$(cd "$(dirname "$0")" && pwd)/$project
 
 rm -f "$build/CMakeCache.txt"
 cmake -S "$consumer" -B "$build" "$@"

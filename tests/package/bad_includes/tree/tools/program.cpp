@@ -1,2 +1,3 @@
 #include "orvalix/foundation/record_internal.h"
 #include "orvalix/orvalix.h"
+#include "orvalix/qt/device_internal.h"
