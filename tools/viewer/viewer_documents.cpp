@@ -3,6 +3,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 #include <algorithm>
@@ -106,6 +107,7 @@ void ViewerWindow::ShowChart(std::unique_ptr<ChartWidget> chart, const Document&
   setWindowFilePath(document.path);
   setWindowModified(false);
   for (QAction* action : m_chartActions) action->setEnabled(true);
+  m_hint->show();
   UpdatePlanes();
   UpdateStatus();
 }

@@ -154,7 +154,9 @@ void ViewerWindow::MakeHelpMenu() {
 void ViewerWindow::MakeStatusBar() {
   m_angles = new QLabel;
   m_size = new QLabel;
-  statusBar()->addWidget(new QLabel(tr("Drag to turn, wheel to zoom, double-click to reset")));
+  m_hint = new QLabel(tr("Drag to turn, wheel to zoom, double-click to reset"));
+  m_hint->hide();
+  statusBar()->addWidget(m_hint);
   for (QLabel* label : {m_angles, m_size}) {
     label->setContentsMargins(kStatusGap, 0, kStatusGap, 0);
     statusBar()->addPermanentWidget(label);

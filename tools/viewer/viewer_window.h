@@ -90,6 +90,7 @@ class ViewerWindow : public QMainWindow {
   QList<QAction*> m_chartActions;        ///< that need a chart
   std::array<QAction*, AxesPlanes::kPlanes> m_planeActions{};
   QActionGroup* m_sceneActions = nullptr;
+  QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
   QLabel* m_angles = nullptr;
   QLabel* m_size = nullptr;
   bool m_isBusy = false;
