@@ -193,9 +193,11 @@ class ORVALIX_API CChart3D {
   void GetChartPosition(GLViewRType& position) const;
   /// Addition: magnifies the axes, series, shapes, pictures and texts within the chart's rectangle;
   /// titles and frame stay. Unlike a larger box (CTransform3D::SetChartRect()), what is magnified
-  /// never comes so near that it is cut off. Factor 1 about (0, 0) is the default, and what is drawn
-  /// for a factor that isn't positive and for numbers that aren't finite. Not saved in chart files.
-  /// @param x, y what is drawn in the rectangle's middle: from -1, its left or bottom edge at factor
+  /// never comes so near that it is cut off. Factor 1 about (0, 0) is the default, and what is
+  /// drawn for a factor that isn't positive and for numbers that aren't finite. Not saved in chart
+  /// files.
+  /// @param x, y what is drawn in the rectangle's middle: from -1, its left or bottom edge at
+  /// factor
   ///   1, to 1
   void SetZoom(double factor, double x, double y);
   void GetZoom(double& factor, double& x, double& y) const;

@@ -1,2 +1,2 @@
-#include "orvalix/qt/device_internal.h"
 #include "orvalix/qt/window.h"
+#include "orvalix/qt/device_internal.h"

@@ -1,4 +1,4 @@
 #include <QtWidgets/QWidget>
+#include "orvalix/host/blit_internal.h"
 #include "orvalix/orvalix.h"
 #include "orvalix/qt/device_internal.h"
-#include "orvalix/host/blit_internal.h"
