@@ -46,6 +46,8 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_gathering(1),
       m_tellsFarSides(false),
       m_isCutAnywhere(false),
+      m_isMagnified(false),
+      m_unmagnified{},
       m_texts(nullptr),
       m_textMatrix(nullptr),
       m_setSince(0),

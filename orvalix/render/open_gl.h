@@ -139,7 +139,7 @@ class ORVALIX_API COpenGL {
   /// Addition: magnifies what is drawn from now on, across and upwards but not in depth, so that
   /// nothing comes too near: (x, y), in the viewport's coordinates of -1 to 1, is drawn in its
   /// middle. Factor 1 about (0, 0), the default, stands for every factor that isn't positive and
-  /// for numbers that aren't finite.
+  /// for numbers that aren't finite. A projection that the program has set holds, too.
   void SetMagnification(double factor, double x, double y);
   /// Reads the rectangle in force back from OpenGL.
   void GetViewport(GLViewportType& viewport) const;
@@ -557,13 +557,15 @@ class ORVALIX_API COpenGL {
   float m_sentLineWidth;                          ///< pixels, as last sent to OpenGL
   int m_clippingEnabled;                          ///< 1 while clip planes are on
   int m_gathering;                                ///< 0: everything is sent to OpenGL one by one
-  bool m_tellsFarSides;         ///< sides of closed solids that look away, from the others
-  bool m_isCutAnywhere;         ///< and their insides may be seen
-  orvalix::KeptTexts* m_texts;  ///< of what is being gathered; null: without texts
-  const double* m_textMatrix;   ///< through which texts are gathered
-  unsigned m_setSince;          ///< parts of the state that were set since gathering began
-  unsigned m_inherited;         ///< parts that were used before
-  bool m_hasFailedToGather;     ///< memory ran out, and nothing was drawn
+  bool m_tellsFarSides;                  ///< sides of closed solids that look away, from the others
+  bool m_isCutAnywhere;                  ///< and their insides may be seen
+  bool m_isMagnified;                    ///< by SetMagnification()
+  std::array<double, 16> m_unmagnified;  ///< the projection without it
+  orvalix::KeptTexts* m_texts;           ///< of what is being gathered; null: without texts
+  const double* m_textMatrix;            ///< through which texts are gathered
+  unsigned m_setSince;                   ///< parts of the state that were set since gathering began
+  unsigned m_inherited;                  ///< parts that were used before
+  bool m_hasFailedToGather;              ///< memory ran out, and nothing was drawn
   std::unique_ptr<orvalix::DrawRecorder> m_recorder;  ///< null unless drawing is being gathered
   std::unique_ptr<orvalix::DrawList> m_gathered;      ///< as a whole, until it is taken
   DrawingState m_gatheredEnd;                         ///< the state after it

@@ -67,15 +67,20 @@ void COpenGL::SelectModelView() {
 }
 
 void COpenGL::SetMagnification(double factor, double x, double y) {
-  SendGathered();
   const bool isUsable = factor > 0.0 && std::isfinite(factor * x) && std::isfinite(factor * y);
+  const bool magnifies = isUsable && (factor != 1.0 || x != 0.0 || y != 0.0);
+  if (!magnifies && !m_isMagnified) return;
+  SendGathered();
   glMatrixMode(GL_PROJECTION);
+  if (!m_isMagnified) glGetDoublev(GL_PROJECTION_MATRIX, m_unmagnified.data());
   glLoadIdentity();
-  if (isUsable) {
+  if (magnifies) {
     glScaled(factor, factor, 1.0);
     glTranslated(-x, -y, 0.0);
   }
+  glMultMatrixd(m_unmagnified.data());
   glMatrixMode(GL_MODELVIEW);
+  m_isMagnified = magnifies;
 }
 
 void COpenGL::Rotate3D(double degrees, int axis) {

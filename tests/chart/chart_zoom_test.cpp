@@ -6,6 +6,7 @@
 #include "chart/view_fixture.h"
 #include "orvalix/axes/axes_3d.h"
 #include "orvalix/chart/header_3d.h"
+#include "orvalix/render/gl_api_internal.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -134,6 +135,20 @@ TEST_F(ChartZoom, DrawsUnusableNumbersAsOne) {
     chart->SetZoom(factor, x, y);
     EXPECT_EQ(Extent(), kAsItIs) << factor << " " << x << " " << y;
   }
+}
+
+TEST_F(ChartZoom, KeepsTheProjectionOfTheProgram) {
+  target.view->GetOpenGLPntr()->MakeCurrent();
+  glMatrixMode(GL_PROJECTION);
+  glScaled(0.5, 0.5, 1.0);
+  glMatrixMode(GL_MODELVIEW);
+  const std::array<int, 4> half = Extent();
+  EXPECT_NEAR(half[0], 37, 1);
+  EXPECT_NEAR(half[1], 62, 1);
+  chart->SetZoom(2.0, 0.0, 0.0);
+  EXPECT_EQ(Extent(), kAsItIs);
+  chart->SetZoom(1.0, 0.0, 0.0);
+  EXPECT_EQ(Extent(), half);
 }
 
 TEST_F(ChartZoom, IsNotSaved) {

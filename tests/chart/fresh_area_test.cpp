@@ -20,9 +20,7 @@ constexpr RGBDType kGreenBack{0.0, 1.0, 0.0, 1.0};
 constexpr RGBDType kRedBack{1.0, 0.0, 0.0, 1.0};
 constexpr int kHuge = std::numeric_limits<int>::max();
 
-TEST(FreshArea, IsNothingBetweenFrames) {
-  EXPECT_FALSE(FreshArea().Contains({0, 0, 1, 1}));
-}
+TEST(FreshArea, IsNothingBetweenFrames) { EXPECT_FALSE(FreshArea().Contains({0, 0, 1, 1})); }
 
 TEST(FreshArea, IsWhatNothingWasDrawnTo) {
   FreshArea fresh({0, 0, 100, 50}, kGreenBack);

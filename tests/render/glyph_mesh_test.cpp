@@ -13,8 +13,9 @@ using orvalix::MeshOfGlyph;
 
 /// A square of 4 by 4 with a hole of 2 by 2.
 GlyphMesh Ring(double extrusion) {
-  const Glyph glyph{.contours = {{{0, 0}, {4, 0}, {4, 4}, {0, 4}}, {{1, 1}, {1, 3}, {3, 3}, {3, 1}}},
-                    .metrics = {}};
+  const Glyph glyph{
+      .contours = {{{0, 0}, {4, 0}, {4, 4}, {0, 4}}, {{1, 1}, {1, 3}, {3, 3}, {3, 1}}},
+      .metrics = {}};
   return MeshOfGlyph(FillGlyph(glyph), extrusion);
 }
 
@@ -39,10 +40,10 @@ TEST(GlyphMesh, EnclosesTheCharacterAndShowsItsOutside) {
 
 TEST(GlyphMesh, SharesCorners) {
   const GlyphMesh mesh = Ring(0.5);
-  EXPECT_EQ(mesh.corners.size(), 16U);     // eight of the outlines, in front and behind
-  EXPECT_EQ(mesh.front.size(), 8U * 3U);   // triangles between eight corners and a hole
+  EXPECT_EQ(mesh.corners.size(), 16U);    // eight of the outlines, in front and behind
+  EXPECT_EQ(mesh.front.size(), 8U * 3U);  // triangles between eight corners and a hole
   EXPECT_EQ(mesh.back.size(), 8U * 3U);
-  EXPECT_EQ(mesh.walls.size(), 8U * 6U);   // two triangles an edge
+  EXPECT_EQ(mesh.walls.size(), 8U * 6U);  // two triangles an edge
   for (const std::uint32_t corner : mesh.front) EXPECT_EQ(mesh.corners[corner][2], 0.0);
   for (const std::uint32_t corner : mesh.back) EXPECT_EQ(mesh.corners[corner][2], -0.5);
 }
