@@ -196,9 +196,8 @@ class ORVALIX_API CChart3D {
   /// never comes so near that it is cut off. Factor 1 about (0, 0) is the default, and what is
   /// drawn for a factor that isn't positive and for numbers that aren't finite. Not saved in chart
   /// files.
-  /// @param x, y what is drawn in the rectangle's middle: from -1, its left or bottom edge at
-  /// factor
-  ///   1, to 1
+  /// @param x, y what is drawn in the rectangle's middle: from -1, which is its left or bottom edge
+  ///   at factor 1, to 1
   void SetZoom(double factor, double x, double y);
   void GetZoom(double& factor, double& x, double& y) const;
   /// The chart's rectangle in pixels of the view, rounded down; every drawing recomputes it from

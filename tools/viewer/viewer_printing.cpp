@@ -35,6 +35,7 @@ void ViewerWindow::PreviewPrint() {
 }
 
 void ViewerWindow::PrintOn(QPrinter& printer) {
+  m_chart->GetView()->SetPrintScaleMode(m_printScaleMode);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const bool isPrinted = m_chart->Print(printer);
   QGuiApplication::restoreOverrideCursor();

@@ -12,6 +12,7 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
+#include <utility>
 
 #include "orvalix/orvalix.h"
 
@@ -79,8 +80,23 @@ void ViewerWindow::MakeFileMenu() {
   AddForChart(menu, tr("&Print\u2026"), QKeySequence::Print, [this] { Print(); });
   AddForChart(menu, tr("Print Pre&view\u2026"), QKeySequence(tr("Ctrl+Shift+P")),
               [this] { PreviewPrint(); });
+  MakePrintSizeMenu(*menu.addMenu(tr("P&rinted Size")));
   menu.addSeparator();
   menu.addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &QWidget::close);
+}
+
+void ViewerWindow::MakePrintSizeMenu(QMenu& menu) {
+  constexpr int kFit = 1;
+  constexpr int kWholePage = 2;
+  auto* const group = new QActionGroup(this);
+  for (const auto& [mode, text] :
+       {std::pair(kFit, tr("&Fit in Proportion")), std::pair(kWholePage, tr("Fill the &Page"))}) {
+    QAction* const action =
+        menu.addAction(text, this, [this, mode = mode] { m_printScaleMode = mode; });
+    action->setCheckable(true);
+    action->setChecked(mode == m_printScaleMode);
+    group->addAction(action);
+  }
 }
 
 void ViewerWindow::MakeEditMenu() {

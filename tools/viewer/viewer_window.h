@@ -55,6 +55,7 @@ class ViewerWindow : public QMainWindow {
   };
 
   void MakeFileMenu();
+  void MakePrintSizeMenu(QMenu& menu);
   void MakeEditMenu();
   void MakeViewMenu();
   void MakeGalleryMenu(QMenu& menu);
@@ -93,6 +94,7 @@ class ViewerWindow : public QMainWindow {
   QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
   QLabel* m_angles = nullptr;
   QLabel* m_size = nullptr;
+  int m_printScaleMode = 1;  ///< of the next printout: see CChartView3D::SetPrintScaleMode()
   bool m_isBusy = false;
 };
 
