@@ -15,7 +15,15 @@ QImage Screen() { return QGuiApplication::primaryScreen()->grabWindow(0).toImage
 /// A program in a window.
 class Program {
  public:
-  explicit Program(const QString& path) { m_process.start(path, QStringList()); }
+  explicit Program(const QString& path) {
+    // The address sanitizer would keep what is freed for a while.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("ASAN_OPTIONS",
+                       environment.value("ASAN_OPTIONS") +
+                           ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0");
+    m_process.setProcessEnvironment(environment);
+    m_process.start(path, QStringList());
+  }
   ~Program() {
     m_process.terminate();
     m_process.waitForFinished();
