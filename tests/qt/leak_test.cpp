@@ -42,7 +42,7 @@ class Frames : public ::testing::Test {
   ChartWidget widget;
 };
 
-constexpr int kFrames = 1000;
+constexpr int kFrames = ORVALIX_TEST_FRAMES;
 /// Caches may fill up a little; a frame that kept a hundred bytes would show.
 constexpr std::size_t kLeftOver = 64 * 1024;
 
@@ -78,8 +78,9 @@ TEST(Widgets, ThatComeAndGoKeepNothing) {
   for (int i = 0; i < 5; ++i) use();
   const std::size_t before = BytesInUse();
   const qsizetype files = OpenFiles();
-  for (int i = 0; i < 20; ++i) use();
-  EXPECT_LE(BytesInUse(), before + 20 * kLeftOver);
+  constexpr int kWidgets = kFrames / 50;
+  for (int i = 0; i < kWidgets; ++i) use();
+  EXPECT_LE(BytesInUse(), before + kWidgets * kLeftOver);
   EXPECT_EQ(OpenFiles(), files);
 }
 
