@@ -228,6 +228,13 @@ TEST_F(Viewer, SwitchesPlanes) {
 
 TEST_F(Viewer, AsksBeforeChangesAreLost) {
   ASSERT_TRUE(window->OpenFile(BarsFile()));
+  // A file holds how charts are turned, but no zoom.
+  window->GetChart()->ZoomView(1.1);
+  EXPECT_FALSE(window->IsChanged());
+  window->GetChart()->RotateView(20.0, 0.0);
+  EXPECT_TRUE(window->IsChanged());
+  window->GetChart()->ResetView();
+  EXPECT_FALSE(window->IsChanged());
   window->GetChart()->RotateView(5.0, 0.0);  // from 8 to 3 degrees
   EXPECT_TRUE(window->IsChanged());
   dialogs.answers = {QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Cancel};

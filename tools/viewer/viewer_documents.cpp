@@ -105,7 +105,7 @@ void ViewerWindow::ShowChart(std::unique_ptr<ChartWidget> chart, const Document&
   });
   setWindowTitle(QStringLiteral("%1[*]").arg(document.name));
   setWindowFilePath(document.path);
-  setWindowModified(false);
+  MarkUnchanged();
   for (QAction* action : m_chartActions) action->setEnabled(true);
   m_hint->show();
   UpdatePlanes();
@@ -137,7 +137,7 @@ bool ViewerWindow::SaveFile(const QString& path) {
   }
   m_document = {name, QFileInfo(path).absoluteFilePath()};
   setWindowTitle(QStringLiteral("%1[*]").arg(name));
-  setWindowModified(false);
+  MarkUnchanged();
   RememberFolder(path);
   statusBar()->showMessage(tr("Saved %1.").arg(name), kMessageMilliseconds);
   UpdateStatus();

@@ -40,6 +40,19 @@ QString FileIn(const QMimeData& data) {
   return {};
 }
 
+/// How all transforms of a view are turned.
+std::vector<std::array<double, 3>> RotationsOf(const CChartView3D& view) {
+  std::vector<std::array<double, 3>> rotations;
+  for (int i = 0; i < view.GetNumCharts(); ++i) {
+    const CChart3D& chart = *view.GetChart(i);
+    for (int j = 0; j < chart.GetNumTransforms(); ++j) {
+      const point3Dtype rotation = chart.GetTransform(j)->GetRotation();
+      rotations.push_back({rotation.x, rotation.y, rotation.z});
+    }
+  }
+  return rotations;
+}
+
 /// With a minus sign as long as the digits are wide.
 QString Degrees(double degrees) {
   return QString::number(degrees, 'f', 1).replace('-', QChar(0x2212)) + QChar(0x00b0);
@@ -152,8 +165,7 @@ void ViewerWindow::MakePlanesMenu(QMenu& menu) {
     QAction* const action =
         menu.addAction(tr(AxesPlanes::NameOf(plane)), this, [this, plane](bool on) {
           m_planes->Show(plane, on);
-          setWindowModified(true);
-          m_chart->update();
+          PlanesSwitched();
         });
     action->setCheckable(true);
     m_planeActions.at(static_cast<std::size_t>(plane)) = action;
@@ -209,9 +221,27 @@ void ViewerWindow::ShowFailure(const QString& what, const QString& advice) {
 }
 
 void ViewerWindow::ChartTurned() {
-  // How a chart of the gallery is turned is no work of the user's; a file keeps it.
-  if (!m_document.path.isEmpty()) setWindowModified(true);
+  MarkChanges();
   UpdateStatus();
+}
+
+void ViewerWindow::PlanesSwitched() {
+  m_planesChanged = true;
+  MarkChanges();
+  m_chart->update();
+}
+
+void ViewerWindow::MarkChanges() {
+  // How a chart of the gallery is turned is no work of the user's; a file keeps it.
+  const bool isTurned =
+      !m_document.path.isEmpty() && RotationsOf(*m_chart->GetView()) != m_keptRotations;
+  setWindowModified(m_planesChanged || isTurned);
+}
+
+void ViewerWindow::MarkUnchanged() {
+  m_keptRotations = RotationsOf(*m_chart->GetView());
+  m_planesChanged = false;
+  setWindowModified(false);
 }
 
 void ViewerWindow::UpdateStatus() {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "orvalix/qt/chart_widget.h"
 #include "scenes/scenes.h"
@@ -81,14 +82,19 @@ class ViewerWindow : public QMainWindow {
   void ShowKeys();
   void ShowAbout();
   void ChartTurned();
+  void PlanesSwitched();
+  void MarkChanges();
+  void MarkUnchanged();
   void UpdateStatus();
   void UpdatePlanes();
 
   std::string m_dataFolder;
   Document m_document;
-  ChartWidget* m_chart = nullptr;        ///< the central widget, once there is one
-  std::unique_ptr<AxesPlanes> m_planes;  ///< of m_chart
-  QList<QAction*> m_chartActions;        ///< that need a chart
+  ChartWidget* m_chart = nullptr;                      ///< the central widget, once there is one
+  std::unique_ptr<AxesPlanes> m_planes;                ///< of m_chart
+  std::vector<std::array<double, 3>> m_keptRotations;  ///< of all transforms, as the file has them
+  bool m_planesChanged = false;                        ///< since the chart was opened or saved
+  QList<QAction*> m_chartActions;                      ///< that need a chart
   std::array<QAction*, AxesPlanes::kPlanes> m_planeActions{};
   QActionGroup* m_sceneActions = nullptr;
   QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
