@@ -23,6 +23,7 @@ class Program {
                            ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0");
     m_process.setProcessEnvironment(environment);
     m_process.start(path, QStringList());
+    EXPECT_TRUE(m_process.waitForStarted());
   }
   ~Program() {
     m_process.terminate();
