@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "orvalix/orvalix.h"
-#include "scenes/chart_style.h"
 
 namespace {
 
@@ -242,25 +241,51 @@ constexpr double kCubesUnits = 1.0;         ///< the chart box is 1 normalised u
 
 constexpr int kPoints = 200;
 
+/// Walls behind the data, grids on two of them, and titles of the axes.
+void Dress(CAxes3D& axes) {
+  const RGBDType wall{0.90, 0.92, 0.95, 1.0};
+  const RGBDType line{0.45, 0.48, 0.55, 1.0};
+  const int valueTics = axes.GetAxisNthTicMajor(2);
+  for (const int plane : {0, 1, 2}) {
+    axes.SetWallPlane(plane, wall, line);
+    axes.SetPlaneColorMode(plane, 0);
+    axes.SetWallThickness(plane, 0.02);
+    axes.SetOutlineWidth(plane, 1.0);
+    if (plane > 0) axes.SetPlaneGrid(plane, 0, valueTics, line, 1.0, 0, 1);
+    axes.SetAxisTitleString(plane, std::array{"x", "y", "z"}[static_cast<std::size_t>(plane)]);
+  }
+}
+
 /// Four charts with axes, labels and titles, and a legend each.
 void AddCharts(Scene& scene, std::int64_t) {
   scene.chart->EnableChart(0);
+  scene.view->EnableBorder(0);
+  scene.view->SetFont("Arial", 400, 256);
   const std::vector<point3Dtype> places = Places(kPoints);
   for (int i = 0; i < 4; ++i) {
     const double left = i % 2 == 0 ? 0.0 : 0.5;
     const double bottom = i / 2 == 0 ? 0.0 : 0.5;
-    orvalix::Placement placement;
-    placement.position = {left, bottom, 0.5, 0.5};
-    const orvalix::StyledChart made =
-        orvalix::AddChart(*scene.view, {0, 0, 0, 0}, {1, 1, 1, 0}, "A chart of points", placement);
-    orvalix::SetAxisTitles(*made.axes, "x", "y", "z");
-    made.chart->NewChartObj(made.transform)
-        ->ScatterChart3D(places.data(), 0.2, static_cast<int>(places.size()), 10, kFill, kBlack, -1,
-                         0.0);
-    scene.turned.push_back(made.transform);
-    CLegend3D* legend = orvalix::AddLegend(*scene.view, {left + 0.35, bottom + 0.4, 0.14, 0.08});
-    legend->NewLegendObj("points", orvalix::kCubeSymbol, kFill);
-    legend->NewLegendObj("others", orvalix::kCubeSymbol, kBlack);
+    CTransform3D* transform = nullptr;
+    CChart3D* chart = scene.view->NewChart3D({0, 0, 0, 0}, {1, 1, 1, 0}, &transform);
+    chart->SetChartPosition({left, bottom, 0.5, 0.5});
+    chart->EnableBorder(0);
+    chart->SetFontSize(0.07);
+    chart->GetHeader()->SetTitle1("A chart of points");
+    transform->SetChartRect({0.62, 0.42, 0.52, 0.0});
+    transform->SetOffset({0.02, 0.0, 0.02, 0.0});
+    transform->SetRotate({-22.0, 0.0, 20.0, 0.0});
+    Dress(*chart->AutoAxes(transform));
+    chart->NewChartObj(transform)->ScatterChart3D(
+        places.data(), 0.2, static_cast<int>(places.size()), 10, kFill, kBlack, -1, 0.0);
+    scene.turned.push_back(transform);
+    constexpr int kCubeSymbol = 3;
+    CLegend3D* legend = scene.view->NewLegend3D();
+    legend->SetLegendPosition({left + 0.35, bottom + 0.4, 0.14, 0.08});
+    legend->SetLegendOrientation(1);
+    legend->EnableLegendBorder(0);
+    legend->SetFontSize(0.05);
+    legend->NewLegendObj("points", kCubeSymbol, kFill);
+    legend->NewLegendObj("others", kCubeSymbol, kBlack);
   }
 }
 

@@ -1,4 +1,4 @@
-/// Draws every scene into a folder: a bitmap file, a PNG file, and a page that shows them all.
+/// Draws every example into a folder, and a page that shows the pictures with their programs.
 
 #include <exception>
 #include <filesystem>
@@ -6,37 +6,30 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "gallery/page.h"
 #include "orvalix/orvalix.h"
-#include "scenes/scenes.h"
-#include "support/view_picture.h"
+#include "support/examples.h"
 
 namespace {
 
-void DrawScene(const orvalix::Scene& scene, const std::string& dataFolder,
-               const std::filesystem::path& folder) {
-  CWnd window;
-  window.CreateOffscreen(scene.width, scene.height);
-  CChartView3D view(&window);
-  scene.build(view, dataFolder);
-  const std::filesystem::path path = folder / scene.name;
-  view.SaveToFile((path.string() + ".bmp").c_str());
-  orvalix::WritePng(orvalix::TakePicture(view), path.string() + ".png");
-}
+const std::string kSources = ORVALIX_EXAMPLES_FOLDER;
 
-void WriteIndex(const std::filesystem::path& path) {
-  std::ofstream page(path);
-  page
-      << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-         "<title>ORVALIX gallery</title>\n<style>\n"
-         "body { font-family: sans-serif; margin: 2em auto; max-width: 1280px; color: #222; }\n"
-         "figure { margin: 0 0 3em; }\nimg { max-width: 100%; border: 1px solid #ddd; }\n"
-         "figcaption { margin-top: 0.5em; }\n</style>\n</head>\n<body>\n<h1>ORVALIX gallery</h1>\n";
-  for (const orvalix::Scene& scene : orvalix::Scenes()) {
-    page << "<figure><img src=\"" << scene.name << ".png\" alt=\"" << scene.title
-         << "\"><figcaption>" << scene.title << "</figcaption></figure>\n";
+/// Progress goes to the standard output, a line for each picture.
+void DrawGallery(const std::filesystem::path& folder, const std::string& data) {
+  std::filesystem::create_directories(folder);
+  std::vector<orvalix::GalleryEntry> entries;
+  const std::size_t count = examples::Examples().size();
+  for (const examples::Example& example : examples::Examples()) {
+    const std::string name = example.name;
+    std::cout << "[" << entries.size() + 1 << "/" << count << "] " << name << std::endl;
+    examples::WritePicture(example.draw, data, (folder / (name + ".png")).string());
+    entries.push_back(orvalix::EntryOf(name, orvalix::ReadSource(kSources + "/" + name + ".cpp")));
   }
-  page << "</body>\n</html>\n";
+  const std::filesystem::path path = folder / "index.html";
+  std::ofstream page(path);
+  orvalix::WritePage(page, entries, orvalix::ReadSource(kSources + "/support/run.cpp"));
   if (!page.flush()) throw std::runtime_error("can't write " + path.string());
 }
 
@@ -47,17 +40,8 @@ int main(int argc, char** argv) {
     std::cerr << "usage: orvalix_gallery OUTPUT_FOLDER [DATA_FOLDER]\n";
     return 2;
   }
-  const std::filesystem::path folder = argv[1];
-  const std::string dataFolder = argc > 2 ? argv[2] : ORVALIX_DATA_FOLDER;
   try {
-    std::filesystem::create_directories(folder);
-    std::size_t done = 0;
-    for (const orvalix::Scene& scene : orvalix::Scenes()) {
-      std::cout << "[" << ++done << "/" << orvalix::Scenes().size() << "] " << scene.name
-                << std::endl;
-      DrawScene(scene, dataFolder, folder);
-    }
-    WriteIndex(folder / "index.html");
+    DrawGallery(argv[1], argc > 2 ? argv[2] : ORVALIX_DATA_FOLDER);
   } catch (CErr3D& error) {
     std::cerr << "orvalix_gallery: "
               << static_cast<const char*>(error.GetErrorDescription(error.GetErrorType())) << " in "

@@ -59,6 +59,22 @@ Picture ReadPng(const std::string& path) {
   return picture;
 }
 
+Picture Halved(const Picture& picture) {
+  Picture half = Blank(picture.width / 2, picture.height / 2);
+  for (int y = 0; y < half.height; ++y) {
+    for (int x = 0; x < half.width; ++x) {
+      const std::size_t upper = Offset(picture, 2 * x, 2 * y);
+      const std::size_t lower = Offset(picture, 2 * x, 2 * y + 1);
+      for (std::size_t i = 0; i < kComponents; ++i) {
+        const int sum = picture.rgb[upper + i] + picture.rgb[upper + kComponents + i] +
+                        picture.rgb[lower + i] + picture.rgb[lower + kComponents + i];
+        half.rgb[Offset(half, x, y) + i] = static_cast<unsigned char>((sum + 2) / 4);
+      }
+    }
+  }
+  return half;
+}
+
 namespace {
 
 /// Sums up by tile.

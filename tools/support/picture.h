@@ -21,6 +21,10 @@ struct Picture {
 void WritePng(const Picture& picture, const std::string& path);
 Picture ReadPng(const std::string& path);
 
+/// Half as wide and as high: each pixel the mean of four. The last one of an odd number is left
+/// out.
+Picture Halved(const Picture& picture);
+
 /// How much two pictures differ.
 struct PictureDifference {
   bool sameSize = false;
