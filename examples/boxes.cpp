@@ -1,12 +1,11 @@
 // Boxes and whiskers
 // How heavy penguins of three species are: whiskers from the lightest to the heaviest, boxes over
-// the middle half, divided at the median, a diamond at the mean.
+// the middle half, divided at the median.
 
 #include <orvalix/orvalix.h>
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -17,14 +16,13 @@ using namespace examples;
 
 namespace {
 
-/// Lower end, lower edge, median, upper edge, upper end and mean.
+/// Lower end, lower edge, median, upper edge and upper end; the last value would mark a symbol.
 std::array<double, 6> BoxOf(std::vector<double> values) {
   std::sort(values.begin(), values.end());
   const auto at = [&](double share) {
     return values[static_cast<std::size_t>(share * static_cast<double>(values.size() - 1))];
   };
-  const double sum = std::accumulate(values.begin(), values.end(), 0.0);
-  return {at(0.0), at(0.25), at(0.5), at(0.75), at(1.0), sum / static_cast<double>(values.size())};
+  return {at(0.0), at(0.25), at(0.5), at(0.75), at(1.0), at(0.5)};
 }
 
 }  // namespace
@@ -68,7 +66,7 @@ void DrawBoxes(CChartView3D& view, const std::string& data) {
     const std::array<RGBDType, 6> colors{kGrey, kColors[i], kColors[i], kGrey, kInk, kWhite};
     CChartObj3D* series = chart->NewChartObj(transform);
     series->BoxAndWhiskerChart25D(&place, box.data(), 0.5, 1, 0.5, 0.6, CChartObj3D::kDiamond, 0.5,
-                                  4, colors.data(), kInk, 1, 0, 0, 1);
+                                  4, colors.data(), kInk, 1, 0, 0, 0);
     series->SetPlaneThickness(0.01);
   }
 }

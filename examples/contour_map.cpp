@@ -22,7 +22,7 @@ void DrawContourMap(CChartView3D& view, const std::string& data) {
   view.EnableBorder(0);
   view.SetFont("Arial", 400, 256);
   CTransform3D* transform = nullptr;
-  CChart3D* chart = view.NewChart3D({0.0, 0.0, 0.0, 0.0}, {30.0, 32.0, 1100.0, 0.0}, &transform);
+  CChart3D* chart = view.NewChart3D({0.0, 0.0, 0.0, 0.0}, {29.9, 31.8, 1100.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetFontSize(0.055);
   chart->GetHeader()->SetTitle1("Heights around the Jacksboro fault");
@@ -43,14 +43,10 @@ void DrawContourMap(CChartView3D& view, const std::string& data) {
   axes->SetAxisTitleString(1, "km south");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
 
-  // Bands of a hundred metres from 200 to 1100, coloured by the value that each point carries.
+  // Bands of a hundred metres from 0 to 1100, coloured by the value that each point carries.
   std::vector<RGBDType> bands;
-  std::vector<double> limits;
-  for (double height = 200.0; height < 1100.0; height += 100.0) {
-    bands.push_back(Heights((height - 200.0) / 800.0));
-    limits.push_back(height);
-  }
-  chart->SetTextureColorArray(bands.data(), 200.0, 1100.0, static_cast<int>(bands.size()));
+  for (int i = 0; i < 11; ++i) bands.push_back(Heights((100.0 * i - 200.0) / 800.0));
+  chart->SetTextureColorArray(bands.data(), 0.0, 1100.0, static_cast<int>(bands.size()));
   constexpr int kByValue = 3;
   chart->SetTextureMode(kByValue);
   CChartObj3D* map = chart->NewChartObj(transform);
@@ -59,6 +55,8 @@ void DrawContourMap(CChartView3D& view, const std::string& data) {
   map->SetOutlineMode(0);
 
   // Between the bands, above the map. Half metres keep lines off the whole metres of the data.
+  std::vector<double> limits;
+  for (double height = 200.0; height < 1100.0; height += 100.0) limits.push_back(height);
   std::vector<double> heights;
   for (const double limit : limits) heights.push_back(limit + 0.5);
   const std::vector<RGBDType> ink(heights.size() + 1, kInk);
@@ -73,5 +71,6 @@ void DrawContourMap(CChartView3D& view, const std::string& data) {
   legend->SetFontSize(0.055);
   legend->SetTitle1("from, m");
   bands.push_back(kInk);  // above all heights; not shown
-  legend->ContourLegend2(limits.data(), bands.data(), static_cast<int>(limits.size()), 0, kInk, 1);
+  legend->ContourLegend2(limits.data(), bands.data() + 2, static_cast<int>(limits.size()), 0, kInk,
+                         1);
 }

@@ -19,8 +19,8 @@ void DrawLogLog(CChartView3D& view, const std::string& data) {
   std::sort(rain.begin(), rain.end());
   std::vector<double> days;
   std::vector<double> amounts;
-  for (std::size_t i = 0; i < rain.size(); ++i) {
-    if (rain[i] == 0.0) continue;
+  for (std::size_t i = 1; i < rain.size(); ++i) {
+    if (rain[i] == 0.0 || rain[i] == rain[i - 1]) continue;  // dry, or counted with the one before
     amounts.push_back(rain[i]);
     days.push_back(static_cast<double>(rain.size() - i));
   }

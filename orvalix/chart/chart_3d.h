@@ -220,8 +220,10 @@ class ORVALIX_API CChart3D {
   /// Default -1: none.
   void SetTextureMode(int mode);
   int GetTextureMode() const;
-  /// Copies the colours from `min` to `max` for colouring by value. At most 258 are kept, of which
-  /// the first 256 are used; 0 leaves no colours. A negative count, or null, does nothing.
+  /// Copies the colours from `min` to `max` for colouring by value: `min` falls on the first one.
+  /// The last one ends at `max` when `min` is 0 or `count` a power of two; else it ends elsewhere,
+  /// see COpenGL::SetTextureColorArray(). At most 258 are kept, of which the first 256 are used; 0
+  /// leaves no colours. A negative count, or null, does nothing.
   void SetTextureColorArray(const RGBDType* colors, double min, double max, int count);
   /// Copies the colours and their range out; `colors` must have room for GetNumTextureColors().
   /// Null pointers are passed over.
