@@ -5,7 +5,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -28,6 +32,11 @@ std::vector<fs::path> PublicHeaders() {
   return headers;
 }
 
+std::string TextOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 std::vector<fs::path> Guide() { return FindDocuments(kSources / "docs" / "guide"); }
 
 TEST(Documents, LinkToWhatExists) {
@@ -48,13 +57,27 @@ TEST(Documents, NameWhatTheHeadersDeclare) {
 
 // From the contents every page of the guide can be reached.
 TEST(Documents, AreInTheContents) {
-  std::ifstream file(kSources / "docs" / "guide" / "README.md");
-  const std::string contents{std::istreambuf_iterator<char>(file), {}};
+  const std::string contents = TextOf(kSources / "docs" / "guide" / "README.md");
   for (const fs::path& document : Guide()) {
     const std::string name = document.filename().string();
     if (name == "README.md") continue;
     EXPECT_NE(contents.find("(" + name + ")"), std::string::npos) << name;
   }
+}
+
+// Whoever adds a chart type tells about it.
+TEST(Documents, TellOfEveryChartType) {
+  const std::string header = TextOf(kSources / "orvalix" / "series" / "chart_obj_3d.h");
+  const std::size_t begin = header.find("enum ChartTypes");
+  const std::string types = header.substr(begin, header.find("};", begin) - begin);
+  const std::string page = TextOf(kSources / "docs" / "guide" / "series.md");
+  static const std::regex kType(R"(\bk(\w+) = [1-9])");
+  int count = 0;
+  for (std::sregex_iterator at(types.begin(), types.end(), kType), end; at != end; ++at, ++count) {
+    const std::string name = (*at)[1].str();
+    EXPECT_NE(page.find("| `" + name + "`"), std::string::npos) << name;
+  }
+  EXPECT_EQ(count, 21);
 }
 
 // --- the checks themselves, on a document with everything wrong that they look for ---
