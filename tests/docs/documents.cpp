@@ -117,7 +117,8 @@ std::vector<fs::path> FindDocuments(const fs::path& folder) {
   for (auto at = fs::recursive_directory_iterator(folder); at != fs::recursive_directory_iterator();
        ++at) {
     const std::string name = at->path().filename().string();
-    if (at->is_directory() && (name == "build" || name == "out" || name.starts_with("."))) {
+    if (at->is_directory() &&
+        (name.starts_with("build") || name == "out" || name.starts_with("."))) {
       at.disable_recursion_pending();
     } else if (at->path().extension() == ".md") {
       documents.push_back(at->path());
