@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <fstream>
-#include <regex>
 
 namespace orvalix::test {
 namespace {
@@ -73,12 +72,32 @@ std::string WhyBroken(const fs::path& document, const std::string& target) {
   return "there is no heading " + target.substr(hash);
 }
 
-std::vector<std::string> FindAll(const std::string& text, const std::regex& pattern) {
-  std::vector<std::string> found;
-  for (std::sregex_iterator at(text.begin(), text.end(), pattern), end; at != end; ++at) {
-    found.push_back((*at)[at->size() - 1].str());
+/// The text without what stands between backquotes.
+std::string WithoutCode(std::string text) {
+  for (const std::string& code : Between(text, "`", "`")) {
+    const std::string quoted = "`" + code + "`";
+    text.replace(text.find(quoted), quoted.size(), "code");
   }
-  return found;
+  return text;
+}
+
+/// The file that a comment names; empty without one.
+std::string NamedBy(const std::string& comment) {
+  const std::vector<std::string> names = Between(comment, "<!-- ", " -->");
+  return names.empty() ? "" : names.front();
+}
+
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::vector<std::string> words(1);
+  for (const char letter : text) {
+    if (std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_') {
+      words.back() += letter;
+    } else if (!words.back().empty()) {
+      words.emplace_back();
+    }
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
 }
 
 bool IsBlank(const std::string& line) { return line.find_first_not_of(' ') == std::string::npos; }
@@ -112,6 +131,20 @@ bool IsNameOfCode(const std::string& word) {
 
 }  // namespace
 
+std::vector<std::string> Between(const std::string& text, const std::string& open,
+                                 const std::string& close) {
+  std::vector<std::string> found;
+  std::size_t end = 0;
+  for (std::size_t at = text.find(open); at != std::string::npos; at = text.find(open, end)) {
+    const std::size_t begin = at + open.size();
+    end = text.find(close, begin);
+    if (end == std::string::npos) break;
+    found.push_back(text.substr(begin, end - begin));
+    end += close.size();
+  }
+  return found;
+}
+
 std::vector<fs::path> FindDocuments(const fs::path& folder) {
   std::vector<fs::path> documents;
   for (auto at = fs::recursive_directory_iterator(folder); at != fs::recursive_directory_iterator();
@@ -129,11 +162,9 @@ std::vector<fs::path> FindDocuments(const fs::path& folder) {
 }
 
 Complaints CheckLinks(const fs::path& document) {
-  static const std::regex kCode("`[^`]*`");
-  static const std::regex kLink(R"(\]\(([^) ]+)\))");
   Complaints complaints;
   ForProse(ReadLines(document), [&](const std::string& line, std::size_t number) {
-    for (const std::string& target : FindAll(std::regex_replace(line, kCode, "code"), kLink)) {
+    for (const std::string& target : Between(WithoutCode(line), "](", ")")) {
       const std::string why = WhyBroken(document, target);
       if (!why.empty()) complaints.push_back(Place(document, number) + why);
     }
@@ -142,20 +173,18 @@ Complaints CheckLinks(const fs::path& document) {
 }
 
 Complaints CheckExcerpts(const fs::path& document) {
-  static const std::regex kComment("<!-- ([^ ]+) -->");
   const Lines lines = ReadLines(document);
   Complaints complaints;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!lines[i].starts_with("```cpp")) continue;
-    std::smatch named;
-    const bool isNamed = i > 0 && std::regex_match(lines[i - 1], named, kComment);
+    const std::string name = i > 0 ? NamedBy(lines[i - 1]) : "";
     Lines block;
     std::size_t end = i + 1;
     while (end < lines.size() && !IsFence(lines[end])) block.push_back(lines[end++]);
-    if (!isNamed) {
+    if (name.empty()) {
       complaints.push_back(Place(document, i + 1) + "no comment names the file");
-    } else if (!IsPartOf(ReadLines(document.parent_path() / named[1].str()), block)) {
-      complaints.push_back(Place(document, i + 1) + "isn't part of " + named[1].str());
+    } else if (!IsPartOf(ReadLines(document.parent_path() / name), block)) {
+      complaints.push_back(Place(document, i + 1) + "isn't part of " + name);
     }
     i = end;
   }
@@ -163,24 +192,21 @@ Complaints CheckExcerpts(const fs::path& document) {
 }
 
 std::set<std::string> FindWords(const std::vector<fs::path>& files) {
-  static const std::regex kWord(R"((\w+))");
   std::set<std::string> words;
   for (const fs::path& file : files) {
     for (const std::string& line : ReadLines(file)) {
-      for (const std::string& word : FindAll(line, kWord)) words.insert(word);
+      for (const std::string& word : WordsOf(line)) words.insert(word);
     }
   }
   return words;
 }
 
 Complaints CheckNames(const fs::path& document, const std::set<std::string>& words) {
-  static const std::regex kCode("`([^`]+)`");
-  static const std::regex kWord(R"(\b([A-Za-z_]\w*)\b)");
   Complaints complaints;
   ForProse(ReadLines(document), [&](const std::string& line, std::size_t number) {
-    for (const std::string& code : FindAll(line, kCode)) {
+    for (const std::string& code : Between(line, "`", "`")) {
       if (code.find('/') != std::string::npos) continue;  // a path
-      for (const std::string& word : FindAll(code, kWord)) {
+      for (const std::string& word : WordsOf(code)) {
         if (IsNameOfCode(word) && !words.contains(word)) {
           complaints.push_back(Place(document, number) + "there is no " + word);
         }

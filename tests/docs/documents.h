@@ -12,6 +12,10 @@ namespace orvalix::test {
 
 using Complaints = std::vector<std::string>;
 
+/// What stands between each `open` and the next `close`.
+std::vector<std::string> Between(const std::string& text, const std::string& open,
+                                 const std::string& close);
+
 /// All Markdown files below a folder, but those in folders of builds and in hidden ones.
 std::vector<std::filesystem::path> FindDocuments(const std::filesystem::path& folder);
 
