@@ -83,7 +83,11 @@ TEST(Documents, TellOfEveryChartType) {
 
 class BadDocument : public ::testing::Test {
  protected:
-  BadDocument() : folder(fs::path(::testing::TempDir()) / "bad_document"), path(folder / "a.md") {
+  // A folder for each test: they run side by side.
+  BadDocument()
+      : folder(fs::path(::testing::TempDir()) /
+               ::testing::UnitTest::GetInstance()->current_test_info()->name()),
+        path(folder / "a.md") {
     fs::create_directories(folder);
     Write("b.cpp", "int main() {\n  int x = 1;\n\n  return x;\n}\n");
   }
