@@ -31,8 +31,8 @@ struct ViewPoint;
 /// | turns the wheel | they are magnified about the pointer |
 /// | double-clicks | all charts go back to how they stood at first |
 /// | clicks with the right button, presses the menu key | a menu |
-/// | presses arrow keys; with Shift; + and -; Home | turning, moving, magnifying, going back: all
-/// charts | | presses the keys for copying | the picture is on the clipboard |
+/// | presses arrow keys; with Shift; + and -; Home | as above, for all charts |
+/// | presses the keys for copying | the picture is on the clipboard |
 ///
 /// A point that is over no chart stands for all of them. Turning changes the rotation of all
 /// transforms of a chart, magnifying and moving its zoom (CChart3D::SetZoom()).
