@@ -27,7 +27,7 @@ void DrawLegends(CChartView3D& view, const std::string& data) {
   CChart3D* chart = view.NewChart3D({-180.0, 90.0, 0.0, 0.0}, {180.0, -90.0, 7.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetFontSize(0.055);
-  chart->GetHeader()->SetTitle1("Deep earthquakes shake the rim of the Pacific");
+  chart->GetHeader()->SetTitle1("Deep earthquakes: most of them at the rim of the Pacific");
   chart->GetHeader()->GetTitle1Obj()->SetCharSize(1.3);
   transform->SetChartRect({0.50, 0.58, 0.36, 0.0});
   transform->SetOffset({-0.12, 0.0, 0.03, 0.0});

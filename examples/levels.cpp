@@ -36,7 +36,7 @@ void DrawLevels(CChartView3D& view, const std::string& data) {
   CChart3D* chart = view.NewChart3D({0.4, 0.0, 0.0, 0.0}, {7.6, 1.0, 25.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetFontSize(0.055);
-  chart->GetHeader()->SetTitle1("Building and industry lost most jobs from 2008 to 2010");
+  chart->GetHeader()->SetTitle1("Building and industry lost the most jobs from 2008 to 2010");
   chart->GetHeader()->GetTitle1Obj()->SetCharSize(1.3);
   chart->GetHeader()->SetFooter("U.S. Bureau of Labor Statistics");
   transform->SetChartRect({0.76, 0.14, 0.56, 0.0});

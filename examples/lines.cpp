@@ -21,7 +21,7 @@ void DrawLines(CChartView3D& view, const std::string& data) {
   CChart3D* chart = view.NewChart3D({0.0, 0.5, 0.0, 0.0}, {12.0, 4.5, 1400.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetFontSize(0.055);
-  chart->GetHeader()->SetTitle1("Rain adds up to more than a metre a year, but not in summer");
+  chart->GetHeader()->SetTitle1("Rain adds up to about a metre a year, but not in summer");
   chart->GetHeader()->GetTitle1Obj()->SetCharSize(1.3);
   chart->GetHeader()->SetFooter("Seattle; NOAA National Centers for Environmental Information");
   transform->SetChartRect({0.62, 0.38, 0.56, 0.0});

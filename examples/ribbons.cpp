@@ -38,7 +38,7 @@ void DrawRibbons(CChartView3D& view, const std::string& data) {
       view.NewChart3D({2006.0, 0.4, 60.0, 0.0}, {2016.0, 5.6, 130.0, 0.0}, &transform);
   chart->EnableBorder(0);
   chart->SetFontSize(0.055);
-  chart->GetHeader()->SetTitle1("Building lost every fourth job, health grew on");
+  chart->GetHeader()->SetTitle1("Building lost three of ten jobs, health grew on");
   chart->GetHeader()->GetTitle1Obj()->SetCharSize(1.3);
   chart->GetHeader()->SetFooter("U.S. Bureau of Labor Statistics");
   transform->SetChartRect({0.60, 0.46, 0.46, 0.0});
