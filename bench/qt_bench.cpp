@@ -14,7 +14,7 @@
 #include "orvalix/orvalix.h"
 #include "orvalix/qt/chart_widget.h"
 #include "orvalix/qt/qt_dc.h"
-#include "scenes/scenes.h"
+#include "support/examples.h"
 
 namespace {
 
@@ -110,9 +110,9 @@ class Drag {
   double m_step = 5.0;
 };
 
-const orvalix::Scene& SceneNamed(const std::string& name) {
-  for (const orvalix::Scene& scene : orvalix::Scenes()) {
-    if (scene.name == name) return scene;
+const examples::Example& ExampleNamed(const std::string& name) {
+  for (const examples::Example& example : examples::Examples()) {
+    if (example.name == name) return example;
   }
   std::abort();
 }
@@ -120,7 +120,7 @@ const orvalix::Scene& SceneNamed(const std::string& name) {
 void MouseToPixels(benchmark::State& state, const std::string& name) {
   ChartWidget chart(kSize);
   CChartView3D& view = *chart.GetView();
-  SceneNamed(name).build(view, ORVALIX_DATA_FOLDER);
+  ExampleNamed(name).draw(view, ORVALIX_DATA_FOLDER);
   Show(chart);
   CopyWidget copy(view);
   Show(copy);
@@ -158,9 +158,9 @@ void MouseToPixels(benchmark::State& state, const std::string& name) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  for (const char* scene : {"temperature", "terrain"}) {
-    benchmark::RegisterBenchmark(scene,
-                                 [scene](benchmark::State& state) { MouseToPixels(state, scene); })
+  for (const char* example : {"bars", "surface"}) {
+    benchmark::RegisterBenchmark(
+        example, [example](benchmark::State& state) { MouseToPixels(state, example); })
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
   }

@@ -9,7 +9,8 @@
 namespace examples {
 
 struct Example {
-  const char* name;  ///< of its source and of its picture
+  const char* name;   ///< of its source and of its picture
+  const char* title;  ///< the first line of its source
   Draw draw;
 };
 

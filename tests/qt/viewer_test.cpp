@@ -21,7 +21,6 @@
 namespace {
 
 using namespace orvalix::test;
-using orvalix::Scenes;
 using orvalix::ViewerWindow;
 
 /// Answers the dialogs that come up, each with its next answer, and takes down what they said.
@@ -85,12 +84,12 @@ class Viewer : public ::testing::Test {
     ADD_FAILURE() << "no action " << text.toStdString();
     return nullptr;
   }
-  static const orvalix::Scene& SceneNamed(const std::string& name) {
-    for (const orvalix::Scene& scene : Scenes()) {
-      if (scene.name == name) return scene;
+  static const examples::Example& ExampleNamed(const std::string& name) {
+    for (const examples::Example& example : examples::Examples()) {
+      if (example.name == name) return example;
     }
-    ADD_FAILURE() << "no scene " << name;
-    return Scenes().front();
+    ADD_FAILURE() << "no example " << name;
+    return examples::Examples().front();
   }
 
   QTemporaryDir folder;
@@ -139,30 +138,30 @@ TEST_F(Viewer, WhatCannotBeOpenedLeavesTheChartAndSaysWhatToDo) {
 }
 
 TEST_F(Viewer, ShowsChartsOfTheGallery) {
-  const orvalix::Scene& scene = SceneNamed("electricity");
-  ASSERT_TRUE(window->OpenScene(scene));
-  EXPECT_EQ(window->windowTitle(), "electricity[*]");
+  const examples::Example& example = ExampleNamed("bar_rows");
+  ASSERT_TRUE(window->OpenExample(example));
+  EXPECT_EQ(window->windowTitle(), "bar_rows[*]");
   Wait(50);
   const ChartWidget& chart = *window->GetChart();
   EXPECT_EQ(Screenshot(chart),
             OffscreenPicture(chart.width(), chart.height(),
-                             [&](CChartView3D& view) { scene.build(view, ORVALIX_DATA_FOLDER); }));
-  EXPECT_TRUE(ActionNamed("Electricity")->isChecked());
-  ActionNamed("Weather")->trigger();
-  EXPECT_EQ(window->windowTitle(), "weather[*]");
-  EXPECT_FALSE(ActionNamed("Electricity")->isChecked());
-  EXPECT_TRUE(ActionNamed("Weather")->isChecked());
+                             [&](CChartView3D& view) { example.draw(view, ORVALIX_DATA_FOLDER); }));
+  EXPECT_TRUE(ActionNamed("Bar rows")->isChecked());
+  ActionNamed("Ranges")->trigger();
+  EXPECT_EQ(window->windowTitle(), "ranges[*]");
+  EXPECT_FALSE(ActionNamed("Bar rows")->isChecked());
+  EXPECT_TRUE(ActionNamed("Ranges")->isChecked());
 }
 
 TEST_F(Viewer, AGalleryWithoutDataSaysSo) {
   ViewerWindow poor(folder.path().toStdString());
-  EXPECT_FALSE(poor.OpenScene(SceneNamed("electricity")));
+  EXPECT_FALSE(poor.OpenExample(ExampleNamed("bar_rows")));
   ASSERT_EQ(dialogs.said.size(), 1);
   EXPECT_TRUE(dialogs.said[0].contains("electricity.csv")) << dialogs.said[0].toStdString();
 }
 
 TEST_F(Viewer, SavesAndOpensAgain) {
-  ASSERT_TRUE(window->OpenScene(SceneNamed("electricity")));
+  ASSERT_TRUE(window->OpenExample(ExampleNamed("bar_rows")));
   window->GetChart()->RotateView(10.0, 0.0);
   const point3Dtype rotation = RotationOf(*window->GetChart());
   EXPECT_TRUE(window->SaveFile(Path("saved.chart")));
@@ -197,7 +196,7 @@ TEST_F(Viewer, CopiesThePicture) {
 }
 
 TEST_F(Viewer, SwitchesPlanes) {
-  ASSERT_TRUE(window->OpenScene(SceneNamed("electricity")));
+  ASSERT_TRUE(window->OpenExample(ExampleNamed("bar_rows")));
   // The chart has two axes; the second ones have the planes.
   const CChart3D& chart = *window->GetChart()->GetView()->GetChart(0);
   ASSERT_EQ(chart.GetNumAxes(), 2);
@@ -239,7 +238,7 @@ TEST_F(Viewer, AsksBeforeChangesAreLost) {
   EXPECT_TRUE(window->IsChanged());
   dialogs.answers = {QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Cancel};
   EXPECT_FALSE(window->close());
-  EXPECT_FALSE(window->OpenScene(SceneNamed("weather")));
+  EXPECT_FALSE(window->OpenExample(ExampleNamed("ranges")));
   EXPECT_FALSE(window->OpenFile(Path("bars.chart")));
   EXPECT_EQ(dialogs.said.size(), 3);
   EXPECT_EQ(window->windowTitle(), "bars.chart[*]");
@@ -255,7 +254,7 @@ TEST_F(Viewer, AsksBeforeChangesAreLost) {
 }
 
 TEST_F(Viewer, TurningAChartOfTheGalleryIsNoWorkToLose) {
-  ASSERT_TRUE(window->OpenScene(SceneNamed("electricity")));
+  ASSERT_TRUE(window->OpenExample(ExampleNamed("bar_rows")));
   window->GetChart()->RotateView(10.0, 0.0);
   EXPECT_TRUE(Status().contains("Turned 10.0"));
   EXPECT_FALSE(window->IsChanged());
@@ -347,7 +346,7 @@ TEST(ViewerProgram, AnswersWithoutADisplay) {
     const char* answer;
   };
   for (const Case& one : {Case{{"--help"}, "Shows a chart file"}, Case{{"--version"}, "1.0.0"},
-                          Case{{"--scene", "list"}, "terrain"}}) {
+                          Case{{"--example", "list"}, "surface"}}) {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove("DISPLAY");
@@ -360,7 +359,7 @@ TEST(ViewerProgram, AnswersWithoutADisplay) {
 
 TEST(ViewerProgram, RefusesWhatItDoesNotKnow) {
   for (const QStringList& arguments :
-       {QStringList{"--scene", "nothing"}, QStringList{"a", "b"}, QStringList{"--nonsense"}}) {
+       {QStringList{"--example", "nothing"}, QStringList{"a", "b"}, QStringList{"--nonsense"}}) {
     QProcess program;
     Start(program, arguments).waitForFinished();
     EXPECT_NE(program.exitCode(), 0) << arguments.join(' ').toStdString();

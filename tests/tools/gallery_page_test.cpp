@@ -49,6 +49,7 @@ TEST(GalleryPage, ShowsEveryExampleWithItsWholeProgram) {
   for (const examples::Example& example : examples::Examples()) {
     const std::string path = ORVALIX_EXAMPLES_FOLDER "/" + std::string(example.name) + ".cpp";
     entries.push_back(EntryOf(example.name, orvalix::ReadSource(path)));
+    EXPECT_EQ(entries.back().title, example.title);
     EXPECT_LT(std::ranges::count(entries.back().program, '\n'), 80) << example.name;
   }
   EXPECT_GE(entries.size(), 30u);

@@ -16,20 +16,20 @@ namespace {
 
 struct Options {
   explicit Options(QCommandLineParser& parser)
-      : scene("scene", "Open the chart of the gallery with that name; \"list\" tells the names.",
-              "name"),
+      : example("example",
+                "Open the chart of the gallery with that name; \"list\" tells the names.", "name"),
         data("data", "Take the data of the gallery from that folder.", "folder") {
     parser.setApplicationDescription(
         "Shows a chart file, or a chart of the gallery, in a window: turn it with the mouse, "
         "magnify it with the wheel, print it, copy it, save pictures.");
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOption(scene);
+    parser.addOption(example);
     parser.addOption(data);
     parser.addPositionalArgument("file", "Chart file to open.", "[file]");
   }
 
-  QCommandLineOption scene;
+  QCommandLineOption example;
   QCommandLineOption data;
 };
 
@@ -43,17 +43,17 @@ QString FindData() {
   return {};
 }
 
-const orvalix::Scene* FindScene(const QString& name) {
-  const auto scenes = orvalix::Scenes();
-  const auto found = std::find_if(scenes.begin(), scenes.end(), [&](const orvalix::Scene& scene) {
-    return name == QString::fromUtf8(scene.name);
+const examples::Example* FindExample(const QString& name) {
+  const auto all = examples::Examples();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const examples::Example& example) {
+    return name == QString::fromUtf8(example.name);
   });
-  return found != scenes.end() ? &*found : nullptr;
+  return found != all.end() ? &*found : nullptr;
 }
 
-int ListScenes() {
-  for (const orvalix::Scene& scene : orvalix::Scenes()) {
-    std::cout << scene.name << "\n    " << scene.title << "\n";
+int ListExamples() {
+  for (const examples::Example& example : examples::Examples()) {
+    std::cout << example.name << "\n    " << example.title << "\n";
   }
   return 0;
 }
@@ -89,8 +89,9 @@ int main(int argc, char** argv) {
     parser.process(application);
     return 0;
   }
-  if (argc == 3 && std::string_view(argv[1]) == "--scene" && std::string_view(argv[2]) == "list") {
-    return ListScenes();
+  if (argc == 3 && std::string_view(argv[1]) == "--example" &&
+      std::string_view(argv[2]) == "list") {
+    return ListExamples();
   }
 
   const QApplication application(argc, argv);
@@ -98,10 +99,10 @@ int main(int argc, char** argv) {
   parser.process(application);
   const QStringList files = parser.positionalArguments();
   if (files.size() > 1) return Fail("more than one file; --help tells how it is used");
-  const QString name = parser.value(options.scene);
-  const orvalix::Scene* scene = FindScene(name);
-  if (!name.isEmpty() && scene == nullptr) {
-    return Fail("there is no chart \"" + name.toStdString() + "\"; --scene list tells the names");
+  const QString name = parser.value(options.example);
+  const examples::Example* example = FindExample(name);
+  if (!name.isEmpty() && example == nullptr) {
+    return Fail("there is no chart \"" + name.toStdString() + "\"; --example list tells the names");
   }
   const QString data = parser.isSet(options.data) ? parser.value(options.data) : FindData();
 
@@ -109,12 +110,13 @@ int main(int argc, char** argv) {
   CErr3D::SetErrorReportMode(0);
   orvalix::ViewerWindow window(data.toStdString());
   window.show();
-  if (scene == nullptr && files.isEmpty() && !data.isEmpty()) scene = &orvalix::Scenes().front();
+  if (example == nullptr && files.isEmpty() && !data.isEmpty())
+    example = &examples::Examples().front();
   QTimer::singleShot(0, &window, [&] {
     if (!files.isEmpty()) {
       window.OpenFile(files.constFirst());
-    } else if (scene != nullptr) {
-      window.OpenScene(*scene);
+    } else if (example != nullptr) {
+      window.OpenExample(*example);
     }
   });
   return QApplication::exec();

@@ -120,9 +120,9 @@ bool ViewerWindow::OpenFile(const QString& path) {
   return true;
 }
 
-bool ViewerWindow::OpenScene(const Scene& scene) {
-  return Open({QString::fromUtf8(scene.name), {}},
-              [&](CChartView3D& view) { scene.build(view, m_dataFolder); });
+bool ViewerWindow::OpenExample(const examples::Example& example) {
+  return Open({QString::fromUtf8(example.name), {}},
+              [&](CChartView3D& view) { example.draw(view, m_dataFolder); });
 }
 
 bool ViewerWindow::SaveFile(const QString& path) {

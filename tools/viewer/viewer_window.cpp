@@ -144,19 +144,19 @@ void ViewerWindow::MakeViewMenu() {
 void ViewerWindow::MakeGalleryMenu(QMenu& menu) {
   menu.setEnabled(!m_dataFolder.empty());
   menu.setToolTipsVisible(true);
-  m_sceneActions = new QActionGroup(this);
-  m_sceneActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-  for (const Scene& scene : Scenes()) {
-    QString name = QString::fromUtf8(scene.name).replace('_', ' ');
+  m_exampleActions = new QActionGroup(this);
+  m_exampleActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+  for (const examples::Example& example : examples::Examples()) {
+    QString name = QString::fromUtf8(example.name).replace('_', ' ');
     name[0] = name[0].toUpper();
-    QAction* const action = menu.addAction(name, this, [this, &scene] {
-      OpenScene(scene);
+    QAction* const action = menu.addAction(name, this, [this, &example] {
+      OpenExample(example);
       UpdateStatus();
     });
-    action->setToolTip(QString::fromUtf8(scene.title));
-    action->setObjectName(QString::fromUtf8(scene.name));
+    action->setToolTip(QString::fromUtf8(example.title));
+    action->setObjectName(QString::fromUtf8(example.name));
     action->setCheckable(true);
-    m_sceneActions->addAction(action);
+    m_exampleActions->addAction(action);
   }
 }
 
@@ -245,7 +245,7 @@ void ViewerWindow::MarkUnchanged() {
 }
 
 void ViewerWindow::UpdateStatus() {
-  for (QAction* action : m_sceneActions->actions()) {
+  for (QAction* action : m_exampleActions->actions()) {
     action->setChecked(m_document.path.isEmpty() && action->objectName() == m_document.name);
   }
   if (m_chart == nullptr) return;

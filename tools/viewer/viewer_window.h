@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "orvalix/qt/chart_widget.h"
-#include "scenes/scenes.h"
+#include "support/examples.h"
 #include "viewer/axes_planes.h"
 
 class QActionGroup;
@@ -33,7 +33,7 @@ class ViewerWindow : public QMainWindow {
   /// @return whether it is shown
   bool OpenFile(const QString& path);
   /// Opens a chart of the gallery.
-  bool OpenScene(const Scene& scene);
+  bool OpenExample(const examples::Example& example);
   /// Writes the chart file.
   /// @return whether it is written
   bool SaveFile(const QString& path);
@@ -96,7 +96,7 @@ class ViewerWindow : public QMainWindow {
   bool m_planesChanged = false;                        ///< since the chart was opened or saved
   QList<QAction*> m_chartActions;                      ///< that need a chart
   std::array<QAction*, AxesPlanes::kPlanes> m_planeActions{};
-  QActionGroup* m_sceneActions = nullptr;
+  QActionGroup* m_exampleActions = nullptr;
   QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
   QLabel* m_angles = nullptr;
   QLabel* m_size = nullptr;
