@@ -38,6 +38,15 @@ double WithinHalfTurns(double degrees) { return std::remainder(degrees, kFullTur
 
 double WithinBox(double center) { return std::clamp(center, -1.0, 1.0); }
 
+/// As it is drawn: numbers that can't be used stand for no magnification.
+ChartZoom ZoomOf(const CChart3D& chart) {
+  ChartZoom zoom{};
+  chart.GetZoom(zoom.factor, zoom.x, zoom.y);
+  const bool isUsable = zoom.factor > 0.0 && std::isfinite(zoom.factor * zoom.x) &&
+                        std::isfinite(zoom.factor * zoom.y);
+  return isUsable ? zoom : ChartZoom{1.0, 0.0, 0.0};
+}
+
 bool IsShown(const CChart3D* chart) { return chart != nullptr && chart->GetChartEnable() != 0; }
 
 }  // namespace
@@ -76,37 +85,32 @@ void Navigation::Rotate(const Charts& charts, double right, double up) {
 
 void Navigation::Zoom(const Charts& charts, double factor, const ViewPoint& fixed,
                       const ViewPoint& size) {
-  RememberHome();
-  for (const int index : charts) {
-    CChart3D* const chart = m_view.GetChart(index);
-    if (chart == nullptr) continue;
-    const PixelRectangle rectangle = RectangleOf(*chart, size);
-    if (rectangle.IsEmpty()) continue;
-    double zoom = 1.0;
-    double x = 0.0;
-    double y = 0.0;
-    chart->GetZoom(zoom, x, y);
-    const double after = std::clamp(zoom * factor, kSmallestZoom, kLargestZoom);
+  ChangeZooms(charts, size, [&](const PixelRectangle& rectangle, const ChartZoom& before) {
+    const double after = std::clamp(before.factor * factor, kSmallestZoom, kLargestZoom);
     // A chart under the point keeps it where it is; the others grow about their middle.
     const ViewPoint at = rectangle.Contains(fixed) ? rectangle.ToChart(fixed) : ViewPoint{0.0, 0.0};
-    chart->SetZoom(after, WithinBox(x + at.x / zoom - at.x / after),
-                   WithinBox(y + at.y / zoom - at.y / after));
-  }
+    return ChartZoom{after, before.x + at.x / before.factor - at.x / after,
+                     before.y + at.y / before.factor - at.y / after};
+  });
 }
 
 void Navigation::Pan(const Charts& charts, const ViewPoint& by, const ViewPoint& size) {
+  ChangeZooms(charts, size, [&](const PixelRectangle& rectangle, const ChartZoom& before) {
+    return ChartZoom{before.factor, before.x - 2.0 * by.x / (rectangle.width * before.factor),
+                     before.y + 2.0 * by.y / (rectangle.height * before.factor)};
+  });
+}
+
+template <class Change>
+void Navigation::ChangeZooms(const Charts& charts, const ViewPoint& size, Change change) {
   RememberHome();
   for (const int index : charts) {
     CChart3D* const chart = m_view.GetChart(index);
     if (chart == nullptr) continue;
     const PixelRectangle rectangle = RectangleOf(*chart, size);
     if (rectangle.IsEmpty()) continue;
-    double zoom = 1.0;
-    double x = 0.0;
-    double y = 0.0;
-    chart->GetZoom(zoom, x, y);
-    chart->SetZoom(zoom, WithinBox(x - 2.0 * by.x / (rectangle.width * zoom)),
-                   WithinBox(y + 2.0 * by.y / (rectangle.height * zoom)));
+    const ChartZoom after = change(rectangle, ZoomOf(*chart));
+    chart->SetZoom(after.factor, WithinBox(after.x), WithinBox(after.y));
   }
 }
 
@@ -114,8 +118,7 @@ std::vector<Navigation::ChartHome> Navigation::Standing() const {
   std::vector<ChartHome> standing;
   for (int index = 0; index < m_view.GetNumCharts(); ++index) {
     const CChart3D& chart = *m_view.GetChart(index);
-    ChartHome home{};
-    chart.GetZoom(home.zoom, home.x, home.y);
+    ChartHome home{ZoomOf(chart), {}};
     for (int i = 0; i < chart.GetNumTransforms(); ++i) {
       const CTransform3D& transform = *chart.GetTransform(i);
       home.transforms.push_back({transform.GetTransformID(), transform.GetRotation()});
@@ -143,7 +146,7 @@ void Navigation::Reset() {
   for (std::size_t index = 0; index < m_home.size(); ++index) {
     CChart3D& chart = *m_view.GetChart(static_cast<int>(index));
     const ChartHome& home = m_home[index];
-    chart.SetZoom(home.zoom, home.x, home.y);
+    chart.SetZoom(home.zoom.factor, home.zoom.x, home.zoom.y);
     for (std::size_t i = 0; i < home.transforms.size(); ++i) {
       chart.GetTransform(static_cast<int>(i))->SetRotate(home.transforms[i].rotation);
     }

@@ -14,6 +14,13 @@ struct ViewPoint {
   double y;
 };
 
+/// How a chart is magnified, as CChart3D::SetZoom() takes it.
+struct ChartZoom {
+  double factor;
+  double x;
+  double y;
+};
+
 /// Turns charts through the rotation of all their transforms, magnifies and moves them through
 /// their zoom, and remembers how they stood before the first change.
 class Navigation {
@@ -50,13 +57,14 @@ class Navigation {
     point3Dtype rotation;
   };
   struct ChartHome {
-    double zoom;
-    double x;
-    double y;
+    ChartZoom zoom;
     std::vector<TransformHome> transforms;
   };
 
   std::vector<ChartHome> Standing() const;
+  /// Sets the zoom of charts to what `change` makes of their rectangle and their zoom.
+  template <class Change>
+  void ChangeZooms(const Charts& charts, const ViewPoint& size, Change change);
   void RememberHome();
 
   CChartView3D& m_view;
