@@ -1,6 +1,7 @@
 #include "orvalix/host/pixel_rows_internal.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 
@@ -33,6 +34,19 @@ void StoreColor(std::uint8_t* pixel, int bytes, const RGBQUAD& color) {
 }
 
 }  // namespace
+
+void MakeOpaque(std::uint8_t* row, int count) {
+  using Pair = std::uint64_t;
+  constexpr auto kOpaquePair = std::bit_cast<Pair>(
+      std::array<std::uint8_t, sizeof(Pair)>{0, 0, 0, kOpaque, 0, 0, 0, kOpaque});
+  for (; count >= 2; count -= 2, row += sizeof(Pair)) {
+    Pair pixels = 0;
+    std::memcpy(&pixels, row, sizeof(Pair));
+    pixels |= kOpaquePair;
+    std::memcpy(row, &pixels, sizeof(Pair));
+  }
+  if (count == 1) row[3] = kOpaque;
+}
 
 RGBQUAD ReadPixel(const Surface& surface, std::int64_t x, std::int64_t y) {
   const std::uint8_t* pixel = surface.Pixel(x, y);

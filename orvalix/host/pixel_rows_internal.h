@@ -14,6 +14,9 @@ namespace orvalix {
 /// The fourth byte of 32-bit pixels that are made from a colour.
 inline constexpr std::uint8_t kOpaque = 255;
 
+/// Gives pixels of 32 bits that fourth byte.
+void MakeOpaque(std::uint8_t* row, int count);
+
 /// The colour of a pixel.
 RGBQUAD ReadPixel(const Surface& surface, std::int64_t x, std::int64_t y);
 

@@ -1,10 +1,6 @@
 #include "orvalix/host/transfer_internal.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cstddef>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -34,18 +30,6 @@ StretchAxis ClipSource(const StretchAxis& axis, std::int64_t limit) {
 }
 
 constexpr int kPictureDepth = 32;
-constexpr std::size_t kPixelBytes = kPictureDepth / 8;
-
-void MakeOpaque(std::uint8_t* row, int count) {
-  constexpr auto kAlpha =
-      std::bit_cast<std::uint32_t>(std::array<std::uint8_t, kPixelBytes>{0, 0, 0, kOpaque});
-  for (int x = 0; x < count; ++x, row += kPixelBytes) {
-    std::uint32_t pixel = 0;
-    std::memcpy(&pixel, row, kPixelBytes);
-    pixel |= kAlpha;
-    std::memcpy(row, &pixel, kPixelBytes);
-  }
-}
 
 /// Fills a picture with the source pixels of two axes, one for one.
 bool CopyOrMirror(const Surface& picture, const Surface& from, const StretchAxis& columns,

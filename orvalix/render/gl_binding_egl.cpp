@@ -6,11 +6,10 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
 #include <cstring>
 #include <vector>
 
+#include "orvalix/host/pixel_rows_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/gl_binding_internal.h"
 #include "orvalix/render/pixel_format_internal.h"
@@ -133,8 +132,6 @@ struct GLBinding::Platform {
 
   bool CreateFramebuffer() const;
   void ReadIndices(int width, int height);
-  /// The fourth byte of pixels of 32 bits: what OpenGL has there is nobody's.
-  void MakeOpaque(int width, int height) const;
 };
 
 bool GLBinding::Platform::CreateFramebuffer() const {
@@ -173,23 +170,6 @@ void GLBinding::Platform::ReadIndices(int width, int height) {
   for (int y = 0; y < height; ++y) {
     unsigned char* out = target.bits + static_cast<std::ptrdiff_t>(y) * target.stride;
     for (int x = 0; x < width; ++x, in += 3) out[x] = PackIndex(in);
-  }
-}
-
-void GLBinding::Platform::MakeOpaque(int width, int height) const {
-  using Pair = std::uint64_t;
-  constexpr auto kOpaque =
-      std::bit_cast<Pair>(std::array<unsigned char, sizeof(Pair)>{0, 0, 0, 0xFF, 0, 0, 0, 0xFF});
-  const std::size_t bytes = static_cast<std::size_t>(width) * 4;
-  for (int y = 0; y < height; ++y) {
-    unsigned char* const row = target.bits + static_cast<std::ptrdiff_t>(y) * target.stride;
-    for (std::size_t at = 0; at + sizeof(Pair) <= bytes; at += sizeof(Pair)) {
-      Pair pixels;
-      std::memcpy(&pixels, row + at, sizeof(Pair));
-      pixels |= kOpaque;
-      std::memcpy(row + at, &pixels, sizeof(Pair));
-    }
-    row[bytes - 1] = 0xFF;
   }
 }
 
@@ -272,7 +252,10 @@ void GLBinding::CopyToBitmap(int width, int height) {
   glReadPixels(0, 0, width, height, bytesPerPixel == 4 ? GL_BGRA : GL_BGR, GL_UNSIGNED_BYTE,
                target.bits);
   glPixelStorei(GL_PACK_ROW_LENGTH, 0);
-  if (bytesPerPixel == 4) m_platform->MakeOpaque(width, height);
+  // What OpenGL has in the fourth byte of pixels of 32 bits is nobody's.
+  for (int y = 0; bytesPerPixel == 4 && y < height; ++y) {
+    MakeOpaque(target.bits + static_cast<std::ptrdiff_t>(y) * target.stride, width);
+  }
 }
 
 void GLBinding::DeleteContext() {
