@@ -4,6 +4,7 @@
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/has_text_internal.h"
 #include "orvalix/chart/header_3d.h"
 #include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/png_file_internal.h"
@@ -14,7 +15,6 @@
 #include "orvalix/render/dib_section.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/open_gl.h"
-#include "orvalix/render/text_obj_3d.h"
 
 namespace {
 
@@ -27,11 +27,11 @@ GLViewportType Pixels(int width, int height) {
   return viewport;
 }
 
-bool HasText(const CHeader3D& header) {
+bool DrawsAnything(const CHeader3D& header) {
   const std::array texts{header.GetTitle1Obj(), header.GetTitle2Obj(), header.GetFooterObj()};
   return header.GetHeaderEnable() != 0 &&
          std::any_of(texts.begin(), texts.end(),
-                     [](const CTextObj3D* text) { return text->TextWidth() != 0.0; });
+                     [](const CTextObj3D* text) { return orvalix::HasText(*text); });
 }
 
 void RequireDC(const CDC* dc) {
@@ -148,7 +148,7 @@ void CChartView3D::DrawHeader() {
 
 void CChartView3D::DrawCharts() {
   const OneFrame frame(m_fresh);
-  const bool isEmpty = m_borderEnable == 0 && !HasText(*m_header);
+  const bool isEmpty = m_borderEnable == 0 && !DrawsAnything(*m_header);
   if (isEmpty) m_fresh = {Pixels(m_viewWidth, m_viewHeight), m_viewBkColor};
   for (CChart3D* chart : m_charts) {
     chart->DrawChart();

@@ -1,5 +1,6 @@
 #include "orvalix/chart/header_3d.h"
 
+#include "orvalix/chart/has_text_internal.h"
 #include "orvalix/foundation/class_tags_internal.h"
 #include "orvalix/foundation/instance_count_internal.h"
 #include "orvalix/foundation/points.h"
@@ -26,8 +27,6 @@ void DrawLine(CTextObj3D& text, double height, int yJustify) {
   text.SetJustify(kCenter, yJustify);
   text.OutTextNorm();
 }
-
-bool HasText(const CTextObj3D& text) { return text.TextWidth() != 0.0; }
 
 }  // namespace
 
@@ -116,12 +115,12 @@ void CHeader3D::DrawHeader() {
 
 void CHeader3D::DrawLines() {
   double height = 1.0 - m_headerMargin;
-  if (HasText(*m_title1)) {
+  if (orvalix::HasText(*m_title1)) {
     DrawLine(*m_title1, height, kTop);
     height -= m_title1->TextHeight() * kLineStep;
   }
-  if (HasText(*m_title2)) DrawLine(*m_title2, height, kTop);
-  if (HasText(*m_footer)) DrawLine(*m_footer, m_headerMargin - 1.0, kBottom);
+  if (orvalix::HasText(*m_title2)) DrawLine(*m_title2, height, kTop);
+  if (orvalix::HasText(*m_footer)) DrawLine(*m_footer, m_headerMargin - 1.0, kBottom);
 }
 
 template <class Record, class Self>

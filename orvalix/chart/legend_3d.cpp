@@ -4,6 +4,7 @@
 #include <array>
 
 #include "orvalix/chart/chart_view_3d.h"
+#include "orvalix/chart/has_text_internal.h"
 #include "orvalix/chart/legend_obj_3d.h"
 #include "orvalix/chart/viewport_internal.h"
 #include "orvalix/foundation/class_tags_internal.h"
@@ -28,8 +29,6 @@ constexpr double kEntryDepth = 0.15;
 constexpr int kLeft = 0;
 constexpr int kBottom = 0;
 constexpr int kCenter = 1;
-
-bool HasText(const CTextObj3D& text) { return text.TextWidth() != 0.0; }
 
 }  // namespace
 
@@ -222,7 +221,7 @@ void CLegend3D::DrawTable(int entries) {
   const int columns = std::max(m_columns, 1);
   int titles = 0;
   for (const CTextObj3D* text : {m_title1.get(), m_title2.get(), m_footer.get()}) {
-    if (HasText(*text)) ++titles;
+    if (orvalix::HasText(*text)) ++titles;
   }
   m_rows = (entries - 1) / columns + 1;
   m_rowStep = (2.0 - 2.0 * m_topMargin) / (static_cast<double>(m_rows) + titles);
@@ -238,12 +237,12 @@ void CLegend3D::DrawTable(int entries) {
     cell.textX = m_leftMargin - 1.0;
     cell.symbolX = cell.textX + space + GetMaxLegendTextWidth() * drawnWidth;
   }
-  if (HasText(*m_title1)) {
+  if (orvalix::HasText(*m_title1)) {
     m_title1->SetYJustify(kBottom);
     DrawTitle(*m_title1, cell.textZ);
     cell.textZ -= m_rowStep;
   }
-  if (HasText(*m_title2)) {
+  if (orvalix::HasText(*m_title2)) {
     // Kept: the first title is justified again; the second one stays as its owner wants it.
     m_title1->SetYJustify(kBottom);
     DrawTitle(*m_title2, cell.textZ);
@@ -251,7 +250,7 @@ void CLegend3D::DrawTable(int entries) {
   }
   cell.symbolZ = cell.textZ + halfHeight;
   DrawEntries(cell, columns);
-  if (HasText(*m_footer)) {
+  if (orvalix::HasText(*m_footer)) {
     m_footer->SetYJustify(kBottom);
     DrawTitle(*m_footer, m_topMargin - 1.0);
   }
