@@ -15,11 +15,10 @@
 #include "orvalix/foundation/colors.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/transform_3d.h"
+#include "support/drawn_pixels.h"
 #include "support/offscreen.h"
 
 namespace orvalix::test {
-
-using PixelBytes = std::vector<unsigned char>;
 
 inline constexpr int kFrameSize = 200;
 inline constexpr RGBDType kFrameColor{0.9, 0.1, 0.5, 1};
@@ -47,15 +46,9 @@ struct AxesScene {
   }
 
   PixelBytes Picture() {
-    gl.MakeCurrent();
-    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    gl.LoadIdentity();
+    ClearToWhite(gl);
     axes.DrawAxes();
-    PixelBytes pixels(std::size_t{kFrameSize} * kFrameSize * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, kFrameSize, kFrameSize, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
-    return pixels;
+    return DrawnPixels(kFrameSize, kFrameSize);
   }
 
   Offscreen target;
@@ -63,14 +56,6 @@ struct AxesScene {
   CTransform3D transform;
   CAxes3D axes;
 };
-
-inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
-  int differing = 0;
-  for (std::size_t i = 0; i < a.size(); i += 3) {
-    if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
-  }
-  return differing;
-}
 
 /// Something that is done to a frame.
 struct AxesChange {

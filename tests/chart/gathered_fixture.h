@@ -12,25 +12,14 @@
 #include "chart/view_fixture.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "support/drawing_state.h"
+#include "support/drawn_pixels.h"
 
 namespace orvalix::test {
-
-/// Red, green and blue of each pixel, row by row.
-using PixelBytes = std::vector<unsigned char>;
 
 inline constexpr int kPictureWidth = 240;
 inline constexpr int kPictureHeight = 200;
 /// Pixels at edges that may differ: one of a thousand.
 inline constexpr int kMostDiffering = kPictureWidth * kPictureHeight / 1000;
-
-inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
-  EXPECT_EQ(a.size(), b.size());
-  int differing = 0;
-  for (std::size_t i = 0; i + 2 < a.size() && i + 2 < b.size(); i += 3) {
-    if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
-  }
-  return differing;
-}
 
 /// A view that has been drawn once, so that it has a size and a font.
 struct DrawnView {
@@ -46,14 +35,9 @@ struct DrawnView {
     gl.SetViewport({0, 0, kPictureWidth, kPictureHeight});
     gl.SetColorMode(0);
     gl.SetFontScaleFactor(0.2);
-    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    gl.LoadIdentity();
+    ClearToWhite(gl);
     draw();
-    PixelBytes pixels(std::size_t{kPictureWidth} * kPictureHeight * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, kPictureWidth, kPictureHeight, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
-    return pixels;
+    return DrawnPixels(kPictureWidth, kPictureHeight);
   }
 
   ViewOn on;

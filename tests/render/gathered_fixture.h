@@ -14,24 +14,14 @@
 #include "orvalix/render/kept_drawing_internal.h"
 #include "orvalix/render/transform_3d.h"
 #include "support/drawing_state.h"
+#include "support/drawn_pixels.h"
 #include "support/offscreen.h"
 
 namespace orvalix::test {
 
-/// Red, green and blue of each pixel, row by row.
-using PixelBytes = std::vector<unsigned char>;
-
 inline constexpr int kGatheredSize = 200;
 /// Pixels at edges that may differ: one of a thousand.
 inline constexpr int kMostDiffering = kGatheredSize * kGatheredSize / 1000;
-
-inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
-  int differing = 0;
-  for (std::size_t i = 0; i + 2 < a.size() && i + 2 < b.size(); i += 3) {
-    if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
-  }
-  return differing;
-}
 
 /// A lit target that looks at the box from (0, 0, 0) to (10, 10, 10), turned.
 class GatheredScene {
@@ -48,12 +38,7 @@ class GatheredScene {
     Clear();
   }
 
-  void Clear() {
-    gl.MakeCurrent();
-    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    gl.LoadIdentity();
-  }
+  void Clear() { ClearToWhite(gl); }
   /// Draws through the chart's matrix, as series do, keeping what was drawn.
   void Keep(const Work& work) {
     Prepare();
@@ -70,12 +55,7 @@ class GatheredScene {
     transform.TextTransform();
     orvalix::DrawTexts(texts, gl, transform.GetFontTransform(), [&] { work(gl); });
   }
-  static PixelBytes Pixels() {
-    PixelBytes pixels(std::size_t{kGatheredSize} * kGatheredSize * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, kGatheredSize, kGatheredSize, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
-    return pixels;
-  }
+  static PixelBytes Pixels() { return DrawnPixels(kGatheredSize, kGatheredSize); }
   PixelBytes Kept(const Work& work) {
     Clear();
     Keep(work);

@@ -13,12 +13,10 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/transform_3d.h"
 #include "orvalix/series/chart_obj_3d.h"
+#include "support/drawn_pixels.h"
 #include "support/offscreen.h"
 
 namespace orvalix::test {
-
-/// Red, green and blue of each pixel, row by row.
-using PixelBytes = std::vector<unsigned char>;
 
 inline constexpr int kSceneSize = 200;
 
@@ -46,33 +44,14 @@ class SeriesScene {
     object.DrawChartObj();
     return Pixels();
   }
-  void Clear() {
-    gl.MakeCurrent();
-    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    gl.LoadIdentity();  // as a chart does before each frame
-  }
-  static PixelBytes Pixels() {
-    PixelBytes pixels(std::size_t{kSceneSize} * kSceneSize * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, kSceneSize, kSceneSize, GL_RGB, GL_UNSIGNED_BYTE, pixels.data());
-    return pixels;
-  }
+  void Clear() { ClearToWhite(gl); }
+  static PixelBytes Pixels() { return DrawnPixels(kSceneSize, kSceneSize); }
 
   Offscreen target;
   COpenGL& gl;
   CTransform3D transform;
   CChartObj3D series;
 };
-
-/// How many pixels have another colour.
-inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
-  int differing = 0;
-  for (std::size_t i = 0; i + 2 < a.size() && i + 2 < b.size(); i += 3) {
-    if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
-  }
-  return differing;
-}
 
 /// How many pixels aren't white.
 inline int DrawnPixels(const PixelBytes& picture) {
