@@ -20,6 +20,8 @@ FNR == NR {
   sub(/^[0-9a-fA-F]* *[A-Za-z] /, "", symbol)
   # The address sanitizer marks each exported variable with one of its own.
   if (symbol ~ /^__odr_asan/) next
+  # The undefined-behaviour sanitizer brings type information of the classes of Qt along.
+  if (symbol ~ /^typeinfo (name )?for Q[A-Z]/) next
   name = symbol
   # Type information also stands for pointers to a class, which can be thrown.
   if (sub(/^(vtable|VTT|typeinfo|typeinfo name) for /, "", name)) sub(/( const)?\*$/, "", name)
