@@ -49,6 +49,18 @@ bool PassOn(ClipboardHandler handler) {
          device.HasTaken();
 }
 
+/// Closes the clipboard when it goes, whatever a handler throws.
+class Closing {
+ public:
+  Closing() = default;
+  ~Closing() {
+    isMine = false;
+    isOpen = false;
+  }
+  Closing(const Closing&) = delete;
+  Closing& operator=(const Closing&) = delete;
+};
+
 }  // namespace
 }  // namespace orvalix
 
@@ -84,10 +96,9 @@ HANDLE GetClipboardData(UINT format) {
 
 BOOL CloseClipboard() {
   if (!orvalix::isMine) return FALSE;
+  const orvalix::Closing closing;
   const ClipboardHandler handler = orvalix::currentHandler;
   if (orvalix::isNew && handler != nullptr && orvalix::PassOn(handler)) orvalix::DeleteContent();
-  orvalix::isMine = false;
-  orvalix::isOpen = false;
   return TRUE;
 }
 

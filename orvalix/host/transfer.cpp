@@ -77,7 +77,9 @@ bool PutPart(CDC& device, DeviceContext& context, const Surface& from, const Str
                          ToLong(rows.to + rows.toCount)};
   const bool isPut = device.PutImage(destination, surface.top, surface.width, surface.height,
                                      static_cast<int>(surface.stride)) != FALSE;
-  context.KeepPicture(std::move(picture));
+  // Unless the device has deleted itself.
+  auto* const left = Find<DeviceContext>(device.GetSafeHdc());
+  if (left != nullptr) left->KeepPicture(std::move(picture));
   return isPut;
 }
 

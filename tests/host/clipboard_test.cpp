@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -29,6 +30,8 @@ BOOL Receive(const void* bgra, int width, int height, int strideBytes) {
   received.row.assign(lowest, lowest + 4 * width);
   return answer;
 }
+
+BOOL Throw(const void*, int, int, int) { throw std::runtime_error("no clipboard"); }
 
 BOOL ReceiveOther(const void*, int, int, int) { return FALSE; }
 
@@ -149,6 +152,17 @@ TEST_F(Clipboard, HandlerGetsTheOpaquePictureWhenItIsClosed) {
     CloseClipboard();
     EXPECT_EQ(received.calls, 1);
   }
+}
+
+TEST_F(Clipboard, IsClosedWhateverTheHandlerThrows) {
+  SetClipboardHandler(Throw);
+  OpenClipboard(nullptr);
+  HANDLE bitmap = NewBitmap();
+  SetClipboardData(CF_BITMAP, bitmap);
+  EXPECT_THROW(CloseClipboard(), std::runtime_error);
+  SetClipboardHandler(nullptr);
+  EXPECT_TRUE(OpenClipboard(nullptr));
+  EXPECT_EQ(GetClipboardData(CF_BITMAP), bitmap);
 }
 
 TEST_F(Clipboard, WhatTheHandlerRefusesStays) {

@@ -94,6 +94,25 @@ void ExpectRect(const RECT& rect, LONG left, LONG top, LONG right, LONG bottom) 
   EXPECT_EQ(rect.bottom, bottom);
 }
 
+/// A page that is over with its first picture.
+class ShortPage : public PageDC {
+ public:
+  BOOL PutImage(const RECT& destination, const void* bgra, int width, int height,
+                int strideBytes) override {
+    PageDC::PutImage(destination, bgra, width, height, strideBytes);
+    return DeleteDC();
+  }
+};
+
+TEST(OtherToolkit, MayDeleteItsContextWhileItGetsAPicture) {
+  ShortPage page;
+  MemoryPicture picture(3, 2, 32);
+  EXPECT_TRUE(page.BitBlt(0, 0, 3, 2, &picture.dc, 0, 0, SRCCOPY));
+  EXPECT_EQ(page.shown.size(), 1U);
+  EXPECT_EQ(page.GetSafeHdc(), nullptr);
+  EXPECT_FALSE(page.BitBlt(0, 0, 3, 2, &picture.dc, 0, 0, SRCCOPY));
+}
+
 TEST(OtherToolkit, WindowIsItsOwn) {
   ToolkitWindow toolkitWindow;
   CWnd& window = toolkitWindow;
