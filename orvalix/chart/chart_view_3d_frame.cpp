@@ -1,10 +1,8 @@
-#include <algorithm>
 #include <array>
 
 #include "orvalix/chart/border_internal.h"
 #include "orvalix/chart/chart_3d.h"
 #include "orvalix/chart/chart_view_3d.h"
-#include "orvalix/chart/has_text_internal.h"
 #include "orvalix/chart/header_3d.h"
 #include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/png_file_internal.h"
@@ -25,13 +23,6 @@ GLViewportType Pixels(int width, int height) {
   GLViewportType viewport;
   AssignViewport(viewport, 0, 0, width, height);
   return viewport;
-}
-
-bool DrawsAnything(const CHeader3D& header) {
-  const std::array texts{header.GetTitle1Obj(), header.GetTitle2Obj(), header.GetFooterObj()};
-  return header.GetHeaderEnable() != 0 &&
-         std::any_of(texts.begin(), texts.end(),
-                     [](const CTextObj3D* text) { return orvalix::HasText(*text); });
 }
 
 void RequireDC(const CDC* dc) {
@@ -148,7 +139,7 @@ void CChartView3D::DrawHeader() {
 
 void CChartView3D::DrawCharts() {
   const OneFrame frame(m_fresh);
-  const bool isEmpty = m_borderEnable == 0 && !DrawsAnything(*m_header);
+  const bool isEmpty = m_borderEnable == 0 && !m_header->DrawsAnything();
   if (isEmpty) m_fresh = {Pixels(m_viewWidth, m_viewHeight), m_viewBkColor};
   for (CChart3D* chart : m_charts) {
     chart->DrawChart();

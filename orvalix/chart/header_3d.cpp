@@ -113,6 +113,12 @@ void CHeader3D::DrawHeader() {
   orvalix::DrawTexts(m_kept, *m_context, m_transform->GetFontTransform(), [this] { DrawLines(); });
 }
 
+bool CHeader3D::DrawsAnything() const {
+  return m_headerEnable != 0 && m_context != nullptr &&
+         (orvalix::HasText(*m_title1) || orvalix::HasText(*m_title2) ||
+          orvalix::HasText(*m_footer));
+}
+
 void CHeader3D::DrawLines() {
   double height = 1.0 - m_headerMargin;
   if (orvalix::HasText(*m_title1)) {

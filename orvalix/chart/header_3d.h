@@ -82,7 +82,11 @@ class ORVALIX_API CHeader3D {
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
 
+  friend class CChartView3D;
+
   void InitHeaderDefaults();
+  /// True when DrawHeader() changes the picture.
+  bool DrawsAnything() const;
   void DrawLines();
 
   COpenGL* m_context;     ///< not owned
