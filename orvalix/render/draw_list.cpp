@@ -37,9 +37,8 @@ std::size_t BytesOf(const ChunkedArray<T>& elements) {
   return elements.size() * sizeof(T);
 }
 
-void Place(const GatheredGlyph& glyph, std::vector<LineVertex>& corners) {
+void Place(const GatheredGlyph& glyph, ChunkedArray<LineVertex>& corners) {
   const std::array<double, 16>& m = glyph.placement;
-  corners.clear();
   for (const auto& [x, y, z] : glyph.mesh->corners) {
     corners.push_back({{static_cast<float>(m[0] * x + m[4] * y + m[8] * z + m[12]),
                         static_cast<float>(m[1] * x + m[5] * y + m[9] * z + m[13]),
@@ -48,23 +47,12 @@ void Place(const GatheredGlyph& glyph, std::vector<LineVertex>& corners) {
   }
 }
 
-/// Copies elements into the bound buffer, from `at` on. @return the offset behind them
-template <class T>
-std::size_t Fill(GLenum target, std::size_t at, const std::vector<T>& from) {
-  const std::size_t bytes = from.size() * sizeof(T);
-  glBufferSubData(target, static_cast<GLintptr>(at), static_cast<GLsizeiptr>(bytes), from.data());
-  return at + bytes;
-}
-
-/// Copies the corners of texts into the bound buffer, from `at` on.
-void FillTextVertices(std::size_t at, const std::vector<TextGroup>& groups) {
-  std::vector<LineVertex> corners;
+ChunkedArray<LineVertex> VerticesOf(const std::vector<TextGroup>& groups) {
+  ChunkedArray<LineVertex> corners;
   for (const TextGroup& group : groups) {
-    for (const GatheredGlyph& glyph : group.glyphs) {
-      Place(glyph, corners);
-      at = Fill(GL_ARRAY_BUFFER, at, corners);
-    }
+    for (const GatheredGlyph& glyph : group.glyphs) Place(glyph, corners);
   }
+  return corners;
 }
 
 using GlyphSide = std::vector<std::uint32_t> GlyphMesh::*;
@@ -85,22 +73,21 @@ std::uint32_t CornersOf(const TextGroup& group) {
   return static_cast<std::uint32_t>(count);
 }
 
-/// Copies the triangles of texts into the bound buffer, from `at` on.
-void FillTextIndices(std::size_t at, const std::vector<TextGroup>& groups) {
-  std::vector<std::uint32_t> indices;
+/// The triangles of texts.
+ChunkedArray<std::uint32_t> IndicesOf(const std::vector<TextGroup>& groups) {
+  ChunkedArray<std::uint32_t> indices;
   std::uint32_t firstOfGroup = 0;
   for (const TextGroup& group : groups) {
     for (const GlyphSide side : kGlyphSides) {
       std::uint32_t first = firstOfGroup;
       for (const GatheredGlyph& glyph : group.glyphs) {
-        indices.clear();
         for (const std::uint32_t corner : glyph.mesh->*side) indices.push_back(first + corner);
-        at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, indices);
         first += static_cast<std::uint32_t>(glyph.mesh->corners.size());
       }
     }
     firstOfGroup += CornersOf(group);
   }
+  return indices;
 }
 
 }  // namespace
@@ -218,7 +205,7 @@ void DrawList::FillBuffers(const GatheredGeometry& geometry) {
   m_fillColor = geometry.fillColor;
   m_hasFillColors = !geometry.fillColors.empty();
   m_textVerticesAt = Fill(GL_ARRAY_BUFFER, m_lineVerticesAt, geometry.lineVertices);
-  FillTextVertices(m_textVerticesAt, geometry.texts);
+  Fill(GL_ARRAY_BUFFER, m_textVerticesAt, VerticesOf(geometry.texts));
   std::size_t at = 0;
   for (const DrawSegment& segment : geometry.segments) {
     for (const FillGroup& group : segment.fills) {
@@ -228,7 +215,7 @@ void DrawList::FillBuffers(const GatheredGeometry& geometry) {
       at = Fill(GL_ELEMENT_ARRAY_BUFFER, at, group.indices);
     }
   }
-  FillTextIndices(at, geometry.texts);
+  Fill(GL_ELEMENT_ARRAY_BUFFER, at, IndicesOf(geometry.texts));
 }
 
 void DrawList::CopyIndices(std::size_t count) {

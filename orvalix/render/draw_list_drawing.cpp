@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/gl_api_internal.h"
@@ -11,15 +12,49 @@
 namespace orvalix {
 namespace {
 
-constexpr unsigned short kSolidLine = 0xFFFF;
-
-void LoadMatrix(const double* matrix) {
-  if (matrix != nullptr) {
-    glLoadMatrixd(matrix);
-  } else {
-    glLoadIdentity();
+/// True when light gives all of a face one colour: it comes, and is looked at, along one direction.
+bool IsLightEven() {
+  GLint isViewerLocal = GL_FALSE;
+  glGetIntegerv(GL_LIGHT_MODEL_LOCAL_VIEWER, &isViewerLocal);
+  if (isViewerLocal != GL_FALSE) return false;
+  GLint lights = 0;
+  glGetIntegerv(GL_MAX_LIGHTS, &lights);
+  for (GLint i = 0; i < lights; ++i) {
+    const GLenum light = GL_LIGHT0 + static_cast<GLenum>(i);
+    // The first one is on while lit faces are drawn.
+    if (i > 0 && glIsEnabled(light) == GL_FALSE) continue;
+    std::array<GLfloat, 4> position{};
+    glGetLightfv(light, GL_POSITION, position.data());
+    if (position[3] != 0.0F) return false;
   }
+  return true;
 }
+
+/// Shades faces and lines that have one colour each, and puts back how the program shades.
+class Shading {
+ public:
+  Shading() {
+    glGetIntegerv(GL_SHADE_MODEL, &m_model);
+    glShadeModel(GL_FLAT);
+  }
+  ~Shading() { glShadeModel(static_cast<GLenum>(m_model)); }
+  Shading(const Shading&) = delete;
+  Shading& operator=(const Shading&) = delete;
+
+  /// For faces with light on them.
+  void TakeLight() {
+    if (!m_isLightEven) m_isLightEven = IsLightEven();
+    if (!*m_isLightEven) glShadeModel(static_cast<GLenum>(m_model));
+  }
+  /// For what is drawn after them.
+  void LeaveLight() {
+    if (!m_isLightEven.value_or(true)) glShadeModel(GL_FLAT);
+  }
+
+ private:
+  GLint m_model = GL_SMOOTH;
+  std::optional<bool> m_isLightEven;
+};
 
 /// Clip planes as a call needs them, where that isn't as they were at first.
 class Clipping {
@@ -62,32 +97,28 @@ void PointToColored(std::size_t at) {
 
 }  // namespace
 
-SideView DrawList::ViewOf(const FacingDirection& direction, bool isCutAnywhere) const {
-  const auto extent =
-      std::find_if(m_extents.begin(), m_extents.end(),
-                   [&](const SolidExtent& known) { return known.matrix == direction.matrix; });
-  if (extent == m_extents.end()) return SideView::kWhole;
-  LoadMatrix(direction.matrix);
-  const std::array<double, 16> toClipSpace = ToClipSpace();
-  return ViewOfSide(LooksAway(toClipSpace, direction.normal),
-                    isCutAnywhere || IsCutInFront(toClipSpace, extent->low, extent->high));
-}
-
 /// What a drawing of the list has found out, and the matrix that it has loaded.
 class DrawList::Frame {
  public:
   explicit Frame(const DrawList& list) {
-    const bool isCut = IsCutAnywhere();
     std::transform(list.m_directions.begin(), list.m_directions.end(), m_views.begin(),
-                   [&](const FacingDirection& direction) { return list.ViewOf(direction, isCut); });
+                   [&](const FacingDirection& direction) { return list.ViewOf(direction, *this); });
   }
 
+  Shading& GetShading() { return m_shading; }
   void Load(const double* matrix) {
     if (m_hasLoaded && matrix == m_loaded) return;
     LoadMatrix(matrix);
     m_loaded = matrix;
     m_hasLoaded = true;
+    m_toClipSpace.reset();
   }
+  /// Of the matrix that was loaded.
+  const std::array<double, 16>& ToClipSpace() {
+    if (!m_toClipSpace) m_toClipSpace = orvalix::ToClipSpace();
+    return *m_toClipSpace;
+  }
+  bool IsCutAnywhere() const { return m_isCutAnywhere; }
   SideView ViewOf(int facing) const {
     return facing >= 0 ? m_views[static_cast<std::size_t>(facing)] : SideView::kWhole;
   }
@@ -96,7 +127,7 @@ class DrawList::Frame {
            ViewOf(part.otherFacing) != SideView::kNotSeen;
   }
   /// As orvalix::TurnOnScreen(), through the matrix that was loaded.
-  int TurnOnScreen(const std::array<double, 3>& axis) const {
+  int TurnOnScreen(const std::array<double, 3>& axis) {
     GLint front = 0;
     glGetIntegerv(GL_FRONT_FACE, &front);
     return front == GL_CCW ? orvalix::TurnOnScreen(ToClipSpace(), axis) : 0;
@@ -107,10 +138,24 @@ class DrawList::Frame {
   }
 
  private:
+  Shading m_shading;
   std::array<SideView, kMostDirections> m_views{};
+  bool m_isCutAnywhere = orvalix::IsCutAnywhere();
   bool m_hasLoaded = false;
   const double* m_loaded = nullptr;
+  std::optional<std::array<double, 16>> m_toClipSpace;
 };
+
+SideView DrawList::ViewOf(const FacingDirection& direction, Frame& frame) const {
+  const auto extent =
+      std::find_if(m_extents.begin(), m_extents.end(),
+                   [&](const SolidExtent& known) { return known.matrix == direction.matrix; });
+  if (extent == m_extents.end()) return SideView::kWhole;
+  frame.Load(direction.matrix);
+  const std::array<double, 16>& toClipSpace = frame.ToClipSpace();
+  return ViewOfSide(LooksAway(toClipSpace, direction.normal),
+                    frame.IsCutAnywhere() || IsCutInFront(toClipSpace, extent->extent));
+}
 
 void DrawList::DrawIndexed(unsigned mode, const std::vector<Part>& parts, const Frame& frame,
                            bool isPushedBack) const {
@@ -152,6 +197,7 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
     SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
   }
+  if (state.isLit != 0) frame.GetShading().TakeLight();
   SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
@@ -171,6 +217,7 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
   } else {
     DrawRanges(call, frame);
   }
+  if (state.isLit != 0) frame.GetShading().LeaveLight();
   glDisableClientState(GL_TEXTURE_COORD_ARRAY);
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);
@@ -235,13 +282,11 @@ void DrawList::Draw() const noexcept {
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_indexBuffer);
   glEnableClientState(GL_VERTEX_ARRAY);
   glPolygonMode(GL_FRONT, GL_FILL);
-  glShadeModel(GL_FLAT);  // every face has one colour, and a line that of its end
   for (const Segment& segment : m_segments) {
     for (const FillCall& call : segment.fills) DrawFill(call, frame);
     for (const LineCall& call : segment.lines) DrawLines(call, frame);
   }
   for (const TextCall& call : m_texts) DrawText(call, frame);
-  glShadeModel(GL_SMOOTH);
 }
 
 }  // namespace orvalix

@@ -93,9 +93,9 @@ class DrawList {
   void MakeBuffers(const GatheredGeometry& geometry, std::size_t indices, std::size_t textVertices);
   void FillBuffers(const GatheredGeometry& geometry);
   void CopyIndices(std::size_t count);
-  /// How the sides of closed solids that show that direction are drawn.
-  SideView ViewOf(const FacingDirection& direction, bool isCutAnywhere) const;
   class Frame;
+  /// How the sides of closed solids that show that direction are drawn.
+  SideView ViewOf(const FacingDirection& direction, Frame& frame) const;
   void DrawFill(const FillCall& call, Frame& frame) const;
   void DrawText(const TextCall& call, Frame& frame) const;
   void DrawLines(const LineCall& call, Frame& frame) const;

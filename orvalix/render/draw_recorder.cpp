@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <stdexcept>
 
@@ -13,14 +14,19 @@ namespace {
 
 using Vector = std::array<double, 3>;
 
-constexpr unsigned short kSolidLine = 0xFFFF;
-
 /// Edges that are remembered to be drawn once: first those of a few polygons, at last more than two
 /// rows of a large grid have.
 constexpr std::size_t kFewestRecentEdges = std::size_t{1} << 6;
 constexpr std::size_t kMostRecentEdges = std::size_t{1} << 16;
 
 constexpr double kSameDirection = 1e-6;
+
+/// OpenGL counts what a call draws in an int; faces have less than three indices for each vertex.
+constexpr std::size_t kMostVertices = std::numeric_limits<int>::max() / 3;
+
+void RequireRoom(std::size_t vertices) {
+  if (vertices >= kMostVertices) throw std::length_error("more vertices than OpenGL can draw");
+}
 
 double Dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
@@ -30,11 +36,6 @@ Vector Cross(const Vector& a, const Vector& b) {
 
 std::array<float, 3> ToFloats(const point3Dtype& point) {
   return {static_cast<float>(point.x), static_cast<float>(point.y), static_cast<float>(point.z)};
-}
-
-std::array<float, 3> ToFloats(const RGBDType& color) {
-  return {static_cast<float>(color.red), static_cast<float>(color.green),
-          static_cast<float>(color.blue)};
 }
 
 bool IsSameColor(const RGBDType& a, const RGBDType& b) {
@@ -241,6 +242,7 @@ std::uint32_t DrawRecorder::AddFillVertex(const point3Dtype& moved,
                                           const std::array<float, 3>& normal,
                                           const std::array<float, 3>& color, float texture) {
   const std::size_t before = m_geometry.fillVertices.size();
+  RequireRoom(before);
   if (before == 0) m_geometry.fillColor = color;
   if (m_geometry.fillColors.empty() && color != m_geometry.fillColor) {
     for (std::size_t i = 0; i < before; ++i) m_geometry.fillColors.push_back(m_geometry.fillColor);
@@ -289,6 +291,7 @@ void DrawRecorder::RememberMoreEdges() {
 
 void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, const Position& to,
                                    const std::array<float, 3>& color) {
+  RequireRoom(m_geometry.lineVertices.size());
   const auto first = static_cast<std::uint32_t>(m_geometry.lineVertices.size());
   m_geometry.lineVertices.push_back({from, color});
   m_geometry.lineVertices.push_back({to, color});
@@ -301,7 +304,7 @@ void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t 
                            const RGBDType& color) {
   const Position a = m_geometry.fillVertices[from].position;
   const Position b = m_geometry.fillVertices[to].position;
-  const std::array<float, 3> shown = ToFloats(color);
+  const std::array<float, 3> shown = ToGathered(color);
   if (a == b) return;
   LineGroup& lines = m_geometry.segments.back().lines[group];
   if (lines.state.isEdge == 0) {
@@ -333,17 +336,8 @@ void DrawRecorder::Extend(const std::array<point3Dtype, 8>& corners) {
   auto extent = std::find_if(extents.begin(), extents.end(), [this](const SolidExtent& known) {
     return known.matrix == m_matrix.loaded;
   });
-  if (extent == extents.end()) {
-    const Vector first{corners[0].x, corners[0].y, corners[0].z};
-    extent = extents.insert(extents.end(), {m_matrix.loaded, first, first});
-  }
-  for (const point3Dtype& corner : corners) {
-    const Vector place{corner.x, corner.y, corner.z};
-    for (std::size_t i = 0; i < place.size(); ++i) {
-      extent->low[i] = std::min(extent->low[i], place[i]);
-      extent->high[i] = std::max(extent->high[i], place[i]);
-    }
-  }
+  if (extent == extents.end()) extent = extents.insert(extents.end(), {m_matrix.loaded, {}});
+  for (const point3Dtype& corner : corners) extent->extent.Include(corner);
 }
 
 // --- what is drawn ---
@@ -376,7 +370,7 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
       const std::uint32_t to = vertexOf(i % corners);
       // Polygons that meet share it.
       if (IsDrawnAlready(edges, m_geometry.fillVertices[from].position,
-                         m_geometry.fillVertices[to].position, ToFloats(fill.outlineColor))) {
+                         m_geometry.fillVertices[to].position, ToGathered(fill.outlineColor))) {
         continue;
       }
       AddEdge(edges, from, to, fill.outlineColor);
@@ -396,7 +390,7 @@ void DrawRecorder::AddGlyph(const GlyphMesh& mesh, std::uint64_t font,
 void DrawRecorder::AddFrame(const point3Dtype* points, int n, const RGBDType& color, float width) {
   Try([&] {
     const std::size_t group = LineGroupFor(StrokeState({width, kSolidLine, 1}, 0));
-    const std::array<float, 3> shown = ToFloats(color);
+    const std::array<float, 3> shown = ToGathered(color);
     for (int i = 1; i < n; ++i) {
       const Position from = ToFloats(Moved(points[i - 1]));
       const Position to = ToFloats(Moved(points[i]));
@@ -473,6 +467,7 @@ void DrawRecorder::AddToStrip(const point3Dtype& point, const std::array<float, 
       m_isStripOpen = true;
       return;
     }
+    RequireRoom(m_geometry.lineVertices.size());
     if (!m_isStripOpen) group.strips.push_back(static_cast<std::uint32_t>(group.indices.size()));
     m_isStripOpen = true;
     m_geometry.lineVertices.push_back({end, color});

@@ -90,7 +90,7 @@ class DrawRecorder {
   /// What should have been added can't be made.
   void Fail() { m_hasFailed = true; }
   const GatheredGeometry& Geometry() const { return m_geometry; }
-  /// Leaves the recorder empty.
+  /// Nothing may be added afterwards.
   GatheredGeometry TakeGeometry() { return std::move(m_geometry); }
   /// The matrix at present: what was loaded last, and what was done to it since.
   const double* LoadedMatrix() const { return m_matrix.loaded; }

@@ -24,6 +24,12 @@ constexpr LONG kNormalWeight = 400;
 /// The chordal deviation is told in units of the font's height.
 constexpr double kDeviationUnitsPerEm = -kFontHeight;
 
+bool IsCompilingList() {
+  GLint list = 0;
+  glGetIntegerv(GL_LIST_INDEX, &list);
+  return list != 0;
+}
+
 }  // namespace
 
 int CFont3D::nSelfID = 0;
@@ -48,7 +54,6 @@ void CFont3D::InitFontDefaults() {
   m_spare = 0;
   m_listBase = 0;
   m_builtListBase = 0;
-  m_hasLists = false;
   m_glyphs.reset();
   m_italic = 0;
   m_underline = 0;
@@ -115,15 +120,15 @@ int CFont3D::Register(CString const& face, double scale, int weight, int italic,
 
 void CFont3D::TakeGlyphs(std::unique_ptr<orvalix::FontGlyphs> glyphs) {
   m_context->MakeCurrent();
-  if (m_glyphs != nullptr && m_hasLists) {
-    glDeleteLists(static_cast<GLuint>(m_builtListBase), static_cast<GLsizei>(m_glyphs->Count()));
+  for (std::size_t code = 0; m_glyphs != nullptr && code < m_glyphs->Count(); ++code) {
+    if (!m_glyphs->HasList(code)) continue;
+    glDeleteLists(static_cast<GLuint>(m_builtListBase) + static_cast<GLuint>(code), 1);
   }
   m_metrics = {};
   for (std::size_t code = 0; code < glyphs->Count(); ++code) {
     m_metrics[code] = glyphs->Metrics(code);
   }
   m_glyphs = std::move(glyphs);
-  m_hasLists = false;
   m_builtListBase = m_listBase;
 }
 
@@ -135,20 +140,37 @@ void CFont3D::DescribeFont(CString const& face) {
   std::snprintf(m_description.lfFaceName, sizeof m_description.lfFaceName, "%s", face.GetString());
 }
 
-bool CFont3D::LacksLists() const {
-  // Lists that were built elsewhere are OpenGL's alone.
-  return m_glyphs != nullptr && m_listBase == m_builtListBase && !m_hasLists;
+bool CFont3D::KnowsCharacters() const {
+  return m_glyphs != nullptr && m_listBase == m_builtListBase;
+}
+
+unsigned CFont3D::ListOf(std::size_t code) const {
+  return static_cast<unsigned>(m_listBase) + static_cast<unsigned>(code);
 }
 
 void CFont3D::CompileLists() const {
   m_glyphs->FillAll();
   m_context->MakeCurrent();
+  if (IsCompilingList()) return;
   for (std::size_t code = 0; code < m_glyphs->Count(); ++code) {
-    glNewList(static_cast<GLuint>(m_listBase) + static_cast<GLuint>(code), GL_COMPILE);
-    m_glyphs->Send(code);
-    glEndList();
+    m_glyphs->CompileList(code, ListOf(code));
   }
-  m_hasLists = true;
+}
+
+bool CFont3D::HasListsFor(CString const& text) const {
+  // Lists are their context's.
+  const bool canCompile = m_context->IsCurrent() && !IsCompilingList();
+  try {
+    for (int i = 0; i < text.GetLength(); ++i) {
+      const std::size_t code = static_cast<unsigned char>(text[i]);
+      if (code >= m_glyphs->Count()) continue;
+      if (canCompile) m_glyphs->CompileList(code, ListOf(code));
+      if (!m_glyphs->HasList(code)) return false;
+    }
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return m_context->IsCurrent();
 }
 
 const GLYPHMETRICSFLOAT& CFont3D::MetricsOf(char character) const {
@@ -183,15 +205,14 @@ GLYPHMETRICSFLOAT CFont3D::GetGlyphMetrics(int code) const {
 }
 
 void CFont3D::DrawText3D(CString const& text) const {
-  const bool isKnown = m_glyphs != nullptr && m_listBase == m_builtListBase;
-  if (isKnown && m_context->GathersTexts()) {
+  if (KnowsCharacters() && m_context->GathersTexts()) {
     GatherText(text);
     return;
   }
   if (m_context != nullptr) m_context->SendGathered();
   glEnable(GL_CULL_FACE);
   glCullFace(GL_BACK);
-  if (LacksLists()) {
+  if (KnowsCharacters() && !HasListsFor(text)) {
     SendText(text);
   } else {
     glListBase(static_cast<GLuint>(m_listBase));
@@ -243,7 +264,7 @@ void CFont3D::SetNumFontChars(int count) { m_numChars = count; }
 int CFont3D::GetNumFontChars() const { return m_numChars; }
 
 int CFont3D::GetListBase() const {
-  if (LacksLists()) {
+  if (KnowsCharacters()) {
     orvalix::WithAllocationErrors(ERR3D_OBJECT_NEW, ERR3DCLASS_FONT3D, "GetListBase",
                                   [this] { CompileLists(); });
   }

@@ -87,8 +87,9 @@ class ORVALIX_API CFont3D {
   /// the viewer is drawn. The matrix then stands behind the last character.
   void DrawText3D(CString const& text) const;
 
-  /// Addition: name of the display list of character 0. A view's font gets its display lists when
-  /// they are asked for, here; its context is current afterwards.
+  /// Addition: name of the display list of character 0. The characters of a view's font get their
+  /// display lists when they are asked for, here, or drawn one by one; its context is current
+  /// afterwards. Lists can't be made while another one is being compiled.
   /// @throws CErr3D type 3, class 13, "GetListBase", when memory runs out
   int GetListBase() const;
   /// Addition: the face last registered. Default "Arial".
@@ -111,16 +112,21 @@ class ORVALIX_API CFont3D {
   static void RecordFields(Record& record, Self& self);
 
   friend class COpenGL;
+  friend class CTextObj3D;
 
   enum class Lists { kAtOnce, kWhenAskedFor };
   int Register(CString const& face, double scale, int weight, int italic, int underline,
                int numChars, Lists lists);
   void DescribeFont(CString const& face);
   void TakeGlyphs(std::unique_ptr<orvalix::FontGlyphs> glyphs);
-  /// True while nobody has asked for the lists of the registered characters.
-  bool LacksLists() const;
+  /// True when the list base stands for the registered characters; lists that were built elsewhere
+  /// are OpenGL's alone.
+  bool KnowsCharacters() const;
   /// @throws std::bad_alloc
   void CompileLists() const;
+  /// Makes the display lists that a text lacks. @return false when it still lacks some
+  bool HasListsFor(CString const& text) const;
+  unsigned ListOf(std::size_t code) const;
   void GatherText(CString const& text) const;
   void SendText(CString const& text) const;
   const GLYPHMETRICSFLOAT& MetricsOf(char character) const;
@@ -132,7 +138,6 @@ class ORVALIX_API CFont3D {
   int m_spare;                                    ///< stored and persisted only
   int m_listBase;                                 ///< display list of character 0
   int m_builtListBase;                            ///< the same when characters were registered
-  mutable bool m_hasLists;                        ///< of m_glyphs
   std::unique_ptr<orvalix::FontGlyphs> m_glyphs;  ///< as registered; null: none
   int m_italic;                                   ///< last italic request
   int m_underline;                                ///< last underline request

@@ -18,7 +18,7 @@ std::uint64_t NextNumber() {
 FontGlyphs::FontGlyphs(std::vector<Glyph> glyphs, double extrusion)
     : m_extrusion(extrusion), m_number(NextNumber()) {
   m_characters.reserve(glyphs.size());
-  for (Glyph& glyph : glyphs) m_characters.push_back({std::move(glyph), {}, {}});
+  for (Glyph& glyph : glyphs) m_characters.push_back({std::move(glyph), {}, {}, false});
 }
 
 const GlyphSolid& FontGlyphs::Solid(std::size_t code) {
@@ -41,6 +41,15 @@ void FontGlyphs::Send(std::size_t code) {
   SendGlyphSolid(Solid(code), m_extrusion);
   const GLYPHMETRICSFLOAT& metrics = Metrics(code);
   glTranslatef(metrics.gmfCellIncX, metrics.gmfCellIncY, 0.0F);
+}
+
+void FontGlyphs::CompileList(std::size_t code, unsigned list) {
+  if (HasList(code)) return;
+  Solid(code);  // nothing fails while OpenGL compiles
+  glNewList(list, GL_COMPILE);
+  Send(code);
+  glEndList();
+  m_characters[code].hasList = true;
 }
 
 }  // namespace orvalix

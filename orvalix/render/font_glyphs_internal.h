@@ -24,7 +24,7 @@ class FontGlyphs {
   }
   /// Tells these characters from those of any other registration.
   std::uint64_t Number() const { return m_number; }
-  /// Makes what Send() needs of every character.
+  /// Makes what Send() and CompileList() need of every character.
   /// @throws std::bad_alloc
   void FillAll();
   /// It stays where it is.
@@ -33,12 +33,17 @@ class FontGlyphs {
   /// Draws a character and moves on to the next one's place, with OpenGL's operations alone.
   /// @throws std::bad_alloc
   void Send(std::size_t code);
+  /// Makes what Send() draws a display list, unless it has one already. None may be being compiled.
+  /// @throws std::bad_alloc
+  void CompileList(std::size_t code, unsigned list);
+  bool HasList(std::size_t code) const { return m_characters[code].hasList; }
 
  private:
   struct Character {
     Glyph outline;
     std::optional<GlyphSolid> solid;
     std::optional<GlyphMesh> mesh;
+    bool hasList = false;
   };
 
   const GlyphSolid& Solid(std::size_t code);

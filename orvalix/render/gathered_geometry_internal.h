@@ -9,6 +9,7 @@
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/render/chunked_array_internal.h"
+#include "orvalix/render/extent_internal.h"
 #include "orvalix/render/glyph_mesh_internal.h"
 #include "orvalix/render/index_list_internal.h"
 
@@ -55,7 +56,14 @@ struct LineState {
   bool operator==(const LineState& other) const;
 };
 
+inline constexpr unsigned short kSolidLine = 0xFFFF;  ///< its stipple
+
 using GatheredColor = std::array<float, 3>;
+
+inline GatheredColor ToGathered(const RGBDType& color) {
+  return {static_cast<float>(color.red), static_cast<float>(color.green),
+          static_cast<float>(color.blue)};
+}
 
 struct FillVertex {
   std::array<float, 3> position;
@@ -128,8 +136,7 @@ struct FacingDirection {
 /// The extent of closed solids, in the coordinates in front of a matrix.
 struct SolidExtent {
   const double* matrix;
-  std::array<double, 3> low;
-  std::array<double, 3> high;
+  Extent extent;
 
   bool operator==(const SolidExtent&) const = default;
 };

@@ -17,4 +17,20 @@ inline void SetCapability(GLenum capability, bool on) {
   }
 }
 
+/// GL_RENDER, or GL_FEEDBACK or GL_SELECT, in which OpenGL tells what it would draw.
+inline GLenum RenderMode() {
+  GLint mode = 0;
+  glGetIntegerv(GL_RENDER_MODE, &mode);
+  return static_cast<GLenum>(mode);
+}
+
+/// Loads a matrix; null stands for the identity.
+inline void LoadMatrix(const double* matrix) {
+  if (matrix != nullptr) {
+    glLoadMatrixd(matrix);
+  } else {
+    glLoadIdentity();
+  }
+}
+
 }  // namespace orvalix

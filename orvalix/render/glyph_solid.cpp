@@ -116,8 +116,9 @@ std::array<point3Dtype, 6> Wall(const GlyphPoint& a, const GlyphPoint& b, double
   return {aBack, {b.x, b.y, -depth, 0.0}, bFront, aBack, bFront, {a.x, a.y, 0.0, 0.0}};
 }
 
-void SendFace(const std::vector<GlyphPoint>& triangles, double z) {
-  for (const GlyphPoint& point : triangles) glVertex3d(point.x, point.y, z);
+template <class Point>
+void SendFace(Point begin, Point end, double z) {
+  std::for_each(begin, end, [z](const GlyphPoint& point) { glVertex3d(point.x, point.y, z); });
 }
 
 void SendWalls(const std::vector<GlyphPoint>& edges, double depth) {
@@ -145,10 +146,10 @@ void SendGlyphSolid(const GlyphSolid& solid, double extrusion) {
   if (solid.triangles.empty()) return;
   glBegin(GL_TRIANGLES);
   glNormal3d(0.0, 0.0, 1.0);
-  SendFace(solid.triangles, 0.0);
+  SendFace(solid.triangles.begin(), solid.triangles.end(), 0.0);
   glNormal3d(0.0, 0.0, -1.0);
   const double depth = GlyphDepth(extrusion);
-  SendFace({solid.triangles.rbegin(), solid.triangles.rend()}, -depth);
+  SendFace(solid.triangles.rbegin(), solid.triangles.rend(), -depth);
   if (depth > 0.0) SendWalls(solid.edges, depth);
   glEnd();
 }

@@ -48,6 +48,7 @@ COpenGL::COpenGL(CDC* windowDC, CDIBSection* dib)
       m_isCutAnywhere(false),
       m_isMagnified(false),
       m_unmagnified{},
+      m_magnified{},
       m_texts(nullptr),
       m_textMatrix(nullptr),
       m_setSince(0),

@@ -441,6 +441,7 @@ class ORVALIX_API COpenGL {
    private:
     COpenGL& m_context;
   };
+  bool IsCurrent() const;
   /// True when OpenGL draws, and doesn't tell what it would draw.
   bool IsRendering() const;
   /// True when OpenGL draws, and isn't to draw one by one.
@@ -561,6 +562,7 @@ class ORVALIX_API COpenGL {
   bool m_isCutAnywhere;                  ///< and their insides may be seen
   bool m_isMagnified;                    ///< by SetMagnification()
   std::array<double, 16> m_unmagnified;  ///< the projection without it
+  std::array<double, 16> m_magnified;    ///< and with it
   orvalix::KeptTexts* m_texts;           ///< of what is being gathered; null: without texts
   const double* m_textMatrix;            ///< through which texts are gathered
   unsigned m_setSince;                   ///< parts of the state that were set since gathering began

@@ -19,17 +19,8 @@ namespace {
 
 constexpr int kSolidCorners = 8;
 
-std::array<float, 3> ToFloats(const RGBDType& color) {
-  return {static_cast<float>(color.red), static_cast<float>(color.green),
-          static_cast<float>(color.blue)};
-}
-
 void LoadMatrix(const double* loaded, const std::array<double, 16>& moved) {
-  if (loaded != nullptr) {
-    glLoadMatrixd(loaded);
-  } else {
-    glLoadIdentity();
-  }
+  orvalix::LoadMatrix(loaded);
   glMultMatrixd(moved.data());
 }
 
@@ -61,15 +52,13 @@ COpenGL::TellingFarSides::TellingFarSides(COpenGL& context) : m_context(context)
 
 COpenGL::TellingFarSides::~TellingFarSides() { m_context.m_tellsFarSides = false; }
 
-bool COpenGL::IsRendering() const {
-  GLint mode = 0;
-  glGetIntegerv(GL_RENDER_MODE, &mode);
-  return mode == GL_RENDER;
-}
+bool COpenGL::IsCurrent() const { return m_binding->IsCurrent(); }
+
+bool COpenGL::IsRendering() const { return orvalix::RenderMode() == GL_RENDER; }
 
 bool COpenGL::CanGather() const {
   return m_gathering != 0 && m_recorder == nullptr && !m_lineIsOpen && m_buffers != nullptr &&
-         m_binding->IsCurrent() && IsRendering();
+         IsCurrent() && IsRendering();
 }
 
 void COpenGL::BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts) {
@@ -263,7 +252,7 @@ void COpenGL::RecordPolygon(const point3Dtype* points, int n) {
 void COpenGL::RecordGlyph(orvalix::FontGlyphs& font, std::size_t code) {
   Inherit(kCurrentColor);
   try {
-    m_recorder->AddGlyph(font.Mesh(code), font.Number(), ToFloats(m_currentColor));
+    m_recorder->AddGlyph(font.Mesh(code), font.Number(), orvalix::ToGathered(m_currentColor));
   } catch (const std::bad_alloc&) {
     m_recorder->Fail();
   }
@@ -278,7 +267,7 @@ void COpenGL::RecordSolid(const point3Dtype* corners) {
   }
   orvalix::LaterColor later;
   // The outline of a face leaves its colour to the next one.
-  if (m_polygonOutlineMode != 0 && !FillsInFillColor()) later = ToFloats(m_outlineColor);
+  if (m_polygonOutlineMode != 0 && !FillsInFillColor()) later = orvalix::ToGathered(m_outlineColor);
   m_recorder->AddSolid(corners, m_textureEnabled != 0 ? textures.data() : nullptr,
                        RecordedFillNow(), later);
   if (m_polygonOutlineMode != 0) SendColor(m_outlineColor);
@@ -294,7 +283,7 @@ orvalix::RecordedFill COpenGL::RecordedFillNow() {
   Inherit(kCurrentColor);
   if (m_polygonOutlineMode != 0) Inherit(kOutlineColor | kLineWidth);
   if (m_polygonOutlineMode != 0) NoteLineWidth();
-  return {.color = ToFloats(m_currentColor),
+  return {.color = orvalix::ToGathered(m_currentColor),
           .isOutlined = m_polygonOutlineMode != 0 ? 1 : 0,
           .outlineColor = m_outlineColor,
           .outlineWidth = m_sentLineWidth};
@@ -329,7 +318,7 @@ void COpenGL::RecordLine(point3Dtype const& a, point3Dtype const& b) {
   SendColor(m_lineColor);
   const orvalix::RecordedStroke stroke = RecordedStrokeNow();
   if (!orvalix::IsPlaceable(a) || !orvalix::IsPlaceable(b)) return;
-  m_recorder->AddLine(a, b, ToFloats(m_lineColor), stroke);
+  m_recorder->AddLine(a, b, orvalix::ToGathered(m_lineColor), stroke);
 }
 
 void COpenGL::StartRecordedLine() {
@@ -342,7 +331,7 @@ void COpenGL::StartRecordedLine() {
 
 void COpenGL::RecordLinePoint(point3Dtype const& point) {
   if (orvalix::IsPlaceable(point)) {
-    m_recorder->AddToStrip(point, ToFloats(m_currentColor));
+    m_recorder->AddToStrip(point, orvalix::ToGathered(m_currentColor));
   } else {
     m_recorder->InterruptStrip();
   }

@@ -21,6 +21,12 @@ Matrix Turn(double degrees, int axis) {
   return {c, s, 0, 0, -s, c, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 }
 
+Matrix Projection() {
+  Matrix projection{};
+  glGetDoublev(GL_PROJECTION_MATRIX, projection.data());
+  return projection;
+}
+
 }  // namespace
 
 void COpenGL::PushMatrix() {
@@ -72,13 +78,18 @@ void COpenGL::SetMagnification(double factor, double x, double y) {
   if (!magnifies && !m_isMagnified) return;
   SendGathered();
   glMatrixMode(GL_PROJECTION);
-  if (!m_isMagnified) glGetDoublev(GL_PROJECTION_MATRIX, m_unmagnified.data());
+  const Matrix found = Projection();
+  if (!m_isMagnified || found != m_magnified) m_unmagnified = found;
+  // A program that selects has a projection that picks out of what is on the screen.
+  const bool picks = orvalix::RenderMode() == GL_SELECT;
   glLoadIdentity();
+  if (picks) glMultMatrixd(m_unmagnified.data());
   if (magnifies) {
     glScaled(factor, factor, 1.0);
     glTranslated(-x, -y, 0.0);
   }
-  glMultMatrixd(m_unmagnified.data());
+  if (!picks) glMultMatrixd(m_unmagnified.data());
+  m_magnified = Projection();
   glMatrixMode(GL_MODELVIEW);
   m_isMagnified = magnifies;
 }

@@ -28,17 +28,10 @@ std::array<SideView, kFaces> ViewsOfSides(const point3Dtype* corners, bool isCut
   const orvalix::SolidSides sides = orvalix::FindSides(solid);
   std::array<SideView, kFaces> views{};
   if (!sides.isClosed) return views;
-  std::array<double, 3> low{corners[0].x, corners[0].y, corners[0].z};
-  std::array<double, 3> high = low;
-  for (const point3Dtype& corner : solid) {
-    const std::array<double, 3> place{corner.x, corner.y, corner.z};
-    for (std::size_t i = 0; i < place.size(); ++i) {
-      low[i] = std::min(low[i], place[i]);
-      high[i] = std::max(high[i], place[i]);
-    }
-  }
+  orvalix::Extent extent;
+  for (const point3Dtype& corner : solid) extent.Include(corner);
   const std::array<double, 16> matrix = orvalix::ToClipSpace();
-  const bool isCut = isCutAnywhere || orvalix::IsCutInFront(matrix, low, high);
+  const bool isCut = isCutAnywhere || orvalix::IsCutInFront(matrix, extent);
   for (std::size_t i = 0; i < views.size(); ++i) {
     if (sides.hasNoArea[i]) continue;
     views[i] = orvalix::ViewOfSide(orvalix::LooksAway(matrix, sides.outward[i]), isCut);

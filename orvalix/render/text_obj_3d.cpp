@@ -189,7 +189,8 @@ void CTextObj3D::OutTextNorm() {
   CalcComplexAspectRatio(scale);
   if (!orvalix::IsPlaceable(m_normLocation) || !orvalix::IsPlaceable(scale)) return;
 
-  if (!m_context->GathersTexts()) m_context->SendGathered();
+  // Another context's font isn't gathered.
+  if (!m_context->GathersTexts() || m_font->m_context != m_context) m_context->SendGathered();
   // The projection may still be the current matrix when a view draws its first text.
   m_context->SelectModelView();
   m_context->PushMatrix();

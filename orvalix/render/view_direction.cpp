@@ -71,13 +71,12 @@ int TurnOnScreen(const std::array<double, 16>& m, const std::array<double, 3>& a
   return turn < -kEdgeOn ? -1 : 0;
 }
 
-bool IsCutInFront(const std::array<double, 16>& m, const std::array<double, 3>& low,
-                  const std::array<double, 3>& high) {
+bool IsCutInFront(const std::array<double, 16>& m, const Extent& extent) {
   if (!IsParallel(m)) return true;
   double nearest = m[14];
   for (const std::size_t i : {0U, 1U, 2U}) {
     const double depth = m[i * 4 + 2];
-    nearest += std::min(depth * low[i], depth * high[i]);
+    nearest += std::min(depth * extent.low[i], depth * extent.high[i]);
   }
   return !(nearest > kNearest);
 }

@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "orvalix/render/extent_internal.h"
+
 namespace orvalix {
 
 /// OpenGL's matrices at present, the projection and what comes before it, in one; column by column.
@@ -24,11 +26,10 @@ bool LooksAway(const std::array<double, 16>& m, const std::array<double, 3>& nor
 /// @param axis that the path goes round counterclockwise
 int TurnOnScreen(const std::array<double, 16>& m, const std::array<double, 3>& axis);
 
-/// True when something between the corners `low` and `high` is cut off in front of the viewer, who
-/// may then look into solids; otherwise the sides that look away are hidden by the others.
+/// True when something within that extent is cut off in front of the viewer, who may then look into
+/// solids; otherwise the sides that look away are hidden by the others.
 /// @param m as ToClipSpace() tells it
-bool IsCutInFront(const std::array<double, 16>& m, const std::array<double, 3>& low,
-                  const std::array<double, 3>& high);
+bool IsCutInFront(const std::array<double, 16>& m, const Extent& extent);
 
 /// How a side of a closed solid is drawn.
 enum class SideView {

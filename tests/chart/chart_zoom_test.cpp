@@ -46,6 +46,13 @@ class ChartZoom : public ::testing::Test {
     return extent;
   }
 
+  std::array<double, 16> ProjectionNow() {
+    target.view->GetOpenGLPntr()->MakeCurrent();
+    std::array<double, 16> projection{};
+    glGetDoublev(GL_PROJECTION_MATRIX, projection.data());
+    return projection;
+  }
+
   ViewOn target;
   CTransform3D* transform = nullptr;
   CChart3D* chart = nullptr;
@@ -149,6 +156,65 @@ TEST_F(ChartZoom, KeepsTheProjectionOfTheProgram) {
   EXPECT_EQ(Extent(), kAsItIs);
   chart->SetZoom(1.0, 0.0, 0.0);
   EXPECT_EQ(Extent(), half);
+}
+
+/// Multiplies the projection by a magnification about the middle.
+void ScaleProjection(double factor) {
+  glMatrixMode(GL_PROJECTION);
+  glScaled(factor, factor, 1.0);
+  glMatrixMode(GL_MODELVIEW);
+}
+
+TEST_F(ChartZoom, IsSetAnewEachTime) {
+  const std::array<double, 16> before = ProjectionNow();
+  COpenGL& gl = *target.view->GetOpenGLPntr();
+  gl.SetMagnification(2.0, 0.5, 0.0);
+  gl.SetMagnification(3.0, 0.0, 0.0);
+  EXPECT_EQ(ProjectionNow()[0], 3.0 * before[0]);
+  EXPECT_EQ(ProjectionNow()[12], before[12]);
+  gl.SetMagnification(1.0, 0.0, 0.0);
+  EXPECT_EQ(ProjectionNow(), before);
+}
+
+TEST_F(ChartZoom, KeepsAProjectionThatIsSetMeanwhile) {
+  COpenGL& gl = *target.view->GetOpenGLPntr();
+  const std::array<double, 16> before = ProjectionNow();
+  gl.SetMagnification(2.0, 0.0, 0.0);
+  glMatrixMode(GL_PROJECTION);
+  glLoadMatrixd(before.data());
+  glMatrixMode(GL_MODELVIEW);
+  ScaleProjection(0.5);
+  gl.SetMagnification(4.0, 0.0, 0.0);
+  EXPECT_EQ(ProjectionNow()[0], 2.0 * before[0]);
+  gl.SetMagnification(1.0, 0.0, 0.0);
+  EXPECT_EQ(ProjectionNow()[0], 0.5 * before[0]);
+}
+
+TEST_F(ChartZoom, IsPickedWhereItIsSeen) {
+  chart->SetZoom(2.0, 0.25, 0.0);  // 25 to 74 becomes -25 to 75: drawn from 0 to 74
+  EXPECT_EQ(Extent(), (std::array<int, 4>{0, 74, 0, 99}));
+  const auto hits = [&](int x, int y) {
+    std::array<GLuint, 64> buffer{};
+    glSelectBuffer(static_cast<GLsizei>(buffer.size()), buffer.data());
+    glRenderMode(GL_SELECT);
+    glInitNames();
+    glPushName(1);
+    const std::array<double, 16> before = ProjectionNow();
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glScaled(100.0 / 3.0, 100.0 / 3.0, 1.0);  // 3 x 3 pixels
+    glTranslated((50.0 - x) / 50.0, (50.0 - y) / 50.0, 0.0);
+    glMultMatrixd(before.data());
+    glMatrixMode(GL_MODELVIEW);
+    target.view->DrawViewScreen();
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixd(before.data());
+    glMatrixMode(GL_MODELVIEW);
+    return glRenderMode(GL_RENDER);
+  };
+  EXPECT_EQ(hits(5, 50), 1);
+  EXPECT_EQ(hits(70, 90), 1);
+  EXPECT_EQ(hits(80, 50), 0);
 }
 
 TEST_F(ChartZoom, IsNotSaved) {

@@ -103,6 +103,28 @@ TEST(GatheredHeader, ShowsOtherFontsAtOnce) {
   });
 }
 
+/// The buffers that OpenGL has.
+std::vector<GLuint> Buffers() {
+  constexpr GLuint kMostBuffers = 1000;
+  std::vector<GLuint> names;
+  for (GLuint name = 1; name < kMostBuffers; ++name) {
+    if (glIsBuffer(name) == GL_TRUE) names.push_back(name);
+  }
+  return names;
+}
+
+TEST(GatheredHeader, KeepsItsTrianglesWhileItStaysTheSame) {
+  HeaderScene scene;
+  scene.Picture();
+  const std::vector<GLuint> first = Buffers();
+  EXPECT_FALSE(first.empty());
+  scene.Picture();
+  EXPECT_EQ(Buffers(), first);
+  scene.header.SetTitle1("Else");
+  scene.Picture();
+  EXPECT_NE(Buffers(), first);
+}
+
 TEST(GatheredHeader, IsBoundToAnotherView) {
   HeaderScene first;
   DrawnView second;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "chart/view_fixture.h"
@@ -11,6 +13,7 @@
 #include "orvalix/render/gl_api_internal.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
+#include "support/feedback.h"
 #include "support/temporary_file.h"
 
 namespace {
@@ -109,10 +112,63 @@ TEST_F(ViewFont, DrawsTheSameWithAndWithoutDisplayLists) {
   EXPECT_EQ(PixelsOf(large, 200, 100), without);
 }
 
+/// OpenGL is neither between glBegin() and glEnd() nor compiling a list.
+void ExpectOpenGLInOrder() {
+  EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
+  GLint list = -1;
+  glGetIntegerv(GL_LIST_INDEX, &list);
+  EXPECT_EQ(list, 0);
+}
+
 TEST_F(ViewFont, ThrowsWhenMemoryRunsOutForDisplayLists) {
   const CFont3D& font = Registered();
-  const AllocationFailure failure(1);
-  EXPECT_EQ(Catch([&] { font.GetListBase(); }), (CaughtError{3, 13, "GetListBase"}));
+  const int failures = FailEachAllocation([&] {
+    const CaughtError error = Catch([&] { font.GetListBase(); });
+    EXPECT_TRUE(error == kNoError || error == (CaughtError{3, 13, "GetListBase"})) << error;
+    ExpectOpenGLInOrder();
+  });
+  EXPECT_GT(failures, 10);
+  EXPECT_TRUE(glIsList(1000 + 'A'));
+  EXPECT_TRUE(glIsList(1000 + 127));
+}
+
+TEST_F(ViewFont, EndsWhatItBeginsWhereMemoryRunsOut) {
+  const CFont3D& font = Registered();
+  const GLuint list = glGenLists(1);
+  glNewList(list, GL_COMPILE);
+  const int failures = FailEachAllocation([&] { font.DrawText3D("AB"); });
+  glEndList();
+  EXPECT_GT(failures, 10);
+  glCallList(list);
+  ExpectOpenGLInOrder();
+  glDeleteLists(list, 1);
+}
+
+TEST_F(ViewFont, MakesListsOfTheCharactersThatAreDrawnOneByOne) {
+  const CFont3D& font = Registered();
+  font.DrawText3D("AB");
+  EXPECT_TRUE(glIsList(1000 + 'A'));
+  EXPECT_TRUE(glIsList(1000 + 'B'));
+  EXPECT_FALSE(glIsList(1000 + 'C'));
+}
+
+TEST_F(ViewFont, GoesIntoAListOfTheProgram) {
+  const CFont3D& font = Registered();
+  const GLuint list = glGenLists(1);
+  glNewList(list, GL_COMPILE);
+  font.DrawText3D("AB");
+  EXPECT_EQ(font.GetListBase(), 1000);
+  glEndList();
+  ExpectOpenGLInOrder();
+  EXPECT_FALSE(glIsList(1000 + 'A')) << "lists aren't made in lists";
+  const auto drawn = [](const std::function<void()>& draw) {
+    glLoadIdentity();
+    return ToTranscript(CaptureFeedback(draw));
+  };
+  const std::string called = drawn([&] { glCallList(list); });
+  EXPECT_GT(called.size(), 500U);
+  EXPECT_EQ(called, drawn([&] { font.DrawText3D("AB"); }));
+  glDeleteLists(list, 1);
 }
 
 TEST_F(ViewFont, WeightAndSlantChangeTheCharacters) {

@@ -85,8 +85,8 @@ TEST(RecordedSolids, HaveSixFacesInSixDirectionsAndTwelveEdges) {
   }
   // The extent of them all, for they may hide one another's insides alone.
   ASSERT_EQ(geometry.extents.size(), 1U);
-  EXPECT_EQ(geometry.extents[0].low, (std::array<double, 3>{0, 0, -2}));
-  EXPECT_EQ(geometry.extents[0].high, (std::array<double, 3>{1, 1, 2}));
+  EXPECT_EQ(geometry.extents[0].extent.low, (std::array<double, 3>{0, 0, -2}));
+  EXPECT_EQ(geometry.extents[0].extent.high, (std::array<double, 3>{1, 1, 2}));
 }
 
 TEST(RecordedSolids, TellSoManyDirectionsApartAndNoMore) {
@@ -111,8 +111,8 @@ TEST(RecordedSolids, HaveDirectionsForEachMatrix) {
   const GatheredGeometry& geometry = recorder.Geometry();
   EXPECT_EQ(geometry.directions.size(), 12U);
   ASSERT_EQ(geometry.extents.size(), 2U);
-  EXPECT_EQ(geometry.extents[0].high[2], 1.0);
-  EXPECT_EQ(geometry.extents[1].high[2], 5.0);
+  EXPECT_EQ(geometry.extents[0].extent.high[2], 1.0);
+  EXPECT_EQ(geometry.extents[1].extent.high[2], 5.0);
 }
 
 TEST(RecordedSolids, ThatAreCutOpenOrNoneAreSeenFromEverywhere) {

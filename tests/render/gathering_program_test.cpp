@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "orvalix/render/font_3d.h"
+#include "orvalix/render/text_obj_3d.h"
 #include "render/gathered_fixture.h"
 #include "support/feedback.h"
 
@@ -202,23 +204,125 @@ TEST(GatheringProgram, CutsSolidsOpenWithItsOwnPlanes) {
 }
 
 /// A viewer of the program's own, who sees solids from many directions at once.
-TEST(GatheringProgram, LooksInPerspective) {
-  SameBothWays([](GatheredScene& scene) {
+/// Looks in perspective while it lives.
+class InPerspective {
+ public:
+  InPerspective() {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     glFrustum(-0.3, 0.3, -0.3, 0.3, 0.5, 5.0);
     glTranslated(0, 0, -2);
     glScaled(1, 1, -1);
     glMatrixMode(GL_MODELVIEW);
+  }
+  ~InPerspective() {
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+  }
+  InPerspective(const InPerspective&) = delete;
+  InPerspective& operator=(const InPerspective&) = delete;
+};
+
+TEST(GatheringProgram, LooksInPerspective) {
+  SameBothWays([](GatheredScene& scene) {
+    const InPerspective perspective;
     scene.Keep([](COpenGL& gl) {
       for (int i = 0; i < 5; ++i) {
         gl.DrawPrism3D(2.0 * i, 2.0 * i, 0, 1, 1, 1 + 2.0 * i, kRed, kBlack);
       }
     });
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
   });
+}
+
+TEST(GatheringProgram, LightsFromSomewhere) {
+  SameBothWays([](GatheredScene& scene) {
+    constexpr std::array<float, 4> kNear{0.0F, -0.4F, 0.0F, 1.0F};
+    constexpr std::array<float, 4> kBright{1.0F, 1.0F, 1.0F, 1.0F};
+    scene.gl.LoadIdentity();
+    glLightfv(GL_LIGHT1, GL_POSITION, kNear.data());
+    glLightfv(GL_LIGHT1, GL_DIFFUSE, kBright.data());
+    glLightf(GL_LIGHT1, GL_QUADRATIC_ATTENUATION, 4.0F);
+    glEnable(GL_LIGHT1);
+    scene.Keep(DrawBars);
+    glDisable(GL_LIGHT1);
+  });
+}
+
+TEST(GatheringProgram, LooksAtLightFromSomewhere) {
+  SameBothWays([](GatheredScene& scene) {
+    constexpr std::array<float, 4> kBright{1.0F, 1.0F, 1.0F, 1.0F};
+    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, kBright.data());
+    glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, 4.0F);
+    glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, GL_TRUE);
+    scene.Keep(DrawBars);
+    glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, GL_FALSE);
+  });
+}
+
+TEST(GatheringProgram, KeepsHowItShades) {
+  for (const int gathering : {0, 1}) {
+    GatheredScene scene(gathering);
+    for (const GLenum model : {GLenum{GL_FLAT}, GLenum{GL_SMOOTH}}) {
+      glShadeModel(model);
+      scene.Keep(DrawBars);
+      scene.Gather(DrawBars);
+      GLint left = 0;
+      glGetIntegerv(GL_SHADE_MODEL, &left);
+      EXPECT_EQ(static_cast<GLenum>(left), model) << gathering;
+    }
+  }
+}
+
+/// A text across the picture with that font, as legends draw theirs.
+void DrawText(GatheredScene& scene, CFont3D* font) {
+  scene.gl.SetColorMode(0);
+  scene.Gather([&](COpenGL& gl) {
+    CTextObj3D text(&gl, font, &scene.transform, "Text");
+    text.SetColor(kRed);
+    text.SetNormLocation({-0.4, -0.2, -0.2, 0});
+    text.OutTextNorm();
+  });
+}
+
+CFont3D* LargeFont(COpenGL& gl) {
+  gl.NewFont3D();
+  gl.GetFont()->SetFontExtrusion(0.3);
+  gl.RegisterFont("Arial", 0.5, 700, 0, 0, 128);
+  return gl.GetFont();
+}
+
+TEST(GatheringProgram, WritesWithTheFontOfAnotherContext) {
+  SameBothWays([](GatheredScene& scene) {
+    Offscreen other;
+    CFont3D* const font = LargeFont(*other.gl);
+    scene.gl.MakeCurrent();
+    DrawText(scene, font);
+  });
+}
+
+TEST(GatheringProgram, TurnsItsFacesOver) {
+  for (const int degrees : {0, 180}) {
+    SCOPED_TRACE(degrees);
+    SameBothWays([&](GatheredScene& scene) {
+      scene.transform.SetRotate({20.0, 10.0, 30.0 + degrees, 0});
+      CFont3D* const font = LargeFont(scene.gl);
+      glFrontFace(GL_CW);
+      DrawText(scene, font);
+      glFrontFace(GL_CCW);
+    });
+  }
+}
+
+TEST(GatheringProgram, WritesInPerspective) {
+  for (const int degrees : {0, 90, 180}) {
+    SCOPED_TRACE(degrees);
+    SameBothWays([&](GatheredScene& scene) {
+      scene.transform.SetRotate({20.0, 10.0, 30.0 + degrees, 0});
+      const InPerspective perspective;
+      DrawText(scene, LargeFont(scene.gl));
+    });
+  }
 }
 
 TEST(GatheringProgram, HearsOfEverythingInFeedbackMode) {

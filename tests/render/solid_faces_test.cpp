@@ -90,12 +90,12 @@ TEST(ViewDirection, FacesThatLookIntoTheDepthLookAway) {
 }
 
 TEST(ViewDirection, SolidsAreCutOpenInFrontOfTheViewerAlone) {
-  EXPECT_FALSE(IsCutInFront(kStraight, {-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5}));
-  EXPECT_TRUE(IsCutInFront(kStraight, {-0.5, -0.5, -1.5}, {0.5, 0.5, 0.5}));
-  EXPECT_FALSE(IsCutInFront(kStraight, {-5, -5, -0.5}, {5, 5, 5})) << "cut off elsewhere";
+  EXPECT_FALSE(IsCutInFront(kStraight, {{-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5}}));
+  EXPECT_TRUE(IsCutInFront(kStraight, {{-0.5, -0.5, -1.5}, {0.5, 0.5, 0.5}}));
+  EXPECT_FALSE(IsCutInFront(kStraight, {{-5, -5, -0.5}, {5, 5, 5}})) << "cut off elsewhere";
   std::array<double, 16> perspective = kStraight;
   perspective[11] = -0.5;
-  EXPECT_TRUE(IsCutInFront(perspective, {-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5})) << "not known";
+  EXPECT_TRUE(IsCutInFront(perspective, {{-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5}})) << "not known";
 }
 
 TEST(ViewDirection, SidesThatLookAwayAreDrawnWhereTheyMayBeSeen) {
