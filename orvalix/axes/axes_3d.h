@@ -204,6 +204,7 @@ class ORVALIX_API CAxes3D {
   CString* GetAxisLabelsStrings(int axis) const;
   void EnableAxisLabelsStrings(int axis, int flag);
   int GetAxisLabelsStringEnable(int axis) const;
+  /// CAxisLabels3D::GetNumAxisLabelsStrings().
   int GetNumAxisLabelStrings(int axis) const;
   /// Null is an empty title.
   /// @throws CErr3D type 2, class 1, "SetAxisTitleString"

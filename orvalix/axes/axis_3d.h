@@ -127,9 +127,11 @@ class ORVALIX_API CAxis3D {
 
   /// Position on the first and on the second other axis. Default 0 and 0.
   void SetAxisIntercept(double first, double second);
+  /// Position on the first other axis. Default 0.
   void SetAxisIntercept1(double first);
-  void SetAxisIntercept2(double second);
   double GetAxisIntercept1() const;
+  /// Position on the second other axis. Default 0.
+  void SetAxisIntercept2(double second);
   double GetAxisIntercept2() const;
   /// 0: the centre point; 1 and 2: the intercepts. Others act as the nearest.
   double GetAxisIntercept(int which) const;
@@ -147,7 +149,9 @@ class ORVALIX_API CAxis3D {
 
   /// The line, then the tics.
   void DrawAxis();
+  /// The line alone.
   void DrawAxisLine();
+  /// The tics alone.
   void DrawAxisTics();
   /// @}
 

@@ -62,6 +62,7 @@ class ORVALIX_API CAxisLabels3D {
   int GetAxisLabelsStringEnable() const;
   /// The copied texts, owned here; null when there are none.
   CString* GetAxisLabelsStrings();
+  /// Number of the copied texts.
   int GetNumAxisLabelsStrings() const;
   /// CTextObj3D::SetTextPlane() of the labels; others than 0 to 3 act as the nearest. Default 3.
   void SetAxisLabelsPlane(int plane);
@@ -83,9 +84,10 @@ class ORVALIX_API CAxisLabels3D {
   /// added up. A label at two of these places is kept for either. Default 7.
   void SetAxisLabelsEnds(int bits);
   int GetAxisLabelsEnds() const;
-  /// CTextObj3D::SetJustify() of the labels; -1 (default) chooses by axis, plane and rotation.
+  /// CTextObj3D::SetXJustify() of the labels; -1 (default) chooses by axis, plane and rotation.
   void SetAxisLabelsXJust(int justify);
   int GetAxisLabelsXJust() const;
+  /// CTextObj3D::SetYJustify() of the labels; -1 (default) chooses by axis, plane and rotation.
   void SetAxisLabelsYJust(int justify);
   int GetAxisLabelsYJust() const;
   /// Stored only: every major tic has its label. Default 0.
@@ -99,9 +101,10 @@ class ORVALIX_API CAxisLabels3D {
   void SetAxisLabelsSize(double size);
   double GetAxisLabelsSize() const;
   /// Nonzero mirrors the labels; on linear axes alone. Default 0.
-  /// Kept: the flip about x exchanges top and bottom, that about y left and right.
+  /// Kept: the flip about x exchanges top and bottom.
   void SetAxisLabelsFlipX(int flag);
   int GetAxisLabelsFlipX() const;
+  /// The same about y, which exchanges left and right.
   void SetAxisLabelsFlipY(int flag);
   int GetAxisLabelsFlipY() const;
   /// Default black.
@@ -137,9 +140,10 @@ class ORVALIX_API CAxisLabels3D {
   /// Degrees, where the title isn't automatic. Default 0.
   void SetAxisTitleRotation(int degrees);
   int GetAxisTitleRotation() const;
-  /// CTextObj3D::SetJustify(), where the title isn't automatic. Default 0 and 1.
+  /// CTextObj3D::SetXJustify(), where the title isn't automatic. Default 0.
   void SetAxisTitleXJust(int justify);
   int GetAxisTitleXJust() const;
+  /// CTextObj3D::SetYJustify(), where the title isn't automatic. Default 1.
   void SetAxisTitleYJust(int justify);
   int GetAxisTitleYJust() const;
   /// Addition: nonzero (default) chooses rotation and justification by the axis.
@@ -148,10 +152,10 @@ class ORVALIX_API CAxisLabels3D {
   /// CTextObj3D::SetCharSize() of the title. Default 1.
   void SetAxisTitleSize(double size);
   double GetAxisTitleSize() const;
-  /// Nonzero mirrors the title. Default 0. The flip about x exchanges top and bottom, that about y
-  /// left and right.
+  /// Nonzero mirrors the title. Default 0. The flip about x exchanges top and bottom.
   void SetAxisTitleFlipX(int flag);
   int GetAxisTitleFlipX() const;
+  /// The same about y, which exchanges left and right.
   void SetAxisTitleFlipY(int flag);
   int GetAxisTitleFlipY() const;
   /// Default black. Kept: with alpha 0, which drawing doesn't use.

@@ -228,6 +228,7 @@ class ORVALIX_API CChart3D {
   /// Copies the colours and their range out; `colors` must have room for GetNumTextureColors().
   /// Null pointers are passed over.
   void GetTextureColorArray(RGBDType* colors, double* min, double* max) const;
+  /// Number of colours that are kept.
   int GetNumTextureColors() const;
   /// Addition: number of transforms and the one at `index`, from 0 (null beyond the end).
   int GetNumTransforms() const;

@@ -188,7 +188,9 @@ class ORVALIX_API CChartView3D {
   /// @throws CErr3D type 2, class 6, "SetFont"
   void SetFont(const CString& name, int weight, int characterCount);
   void SetFont(const CString& name, int weight, int italics, int underline, int characterCount);
+  /// The face.
   CString GetFontName() const;
+  /// The weight; 700 is bold.
   int GetFontWeight() const;
   /// Default 0.
   void SetFontItalics(int flag);

@@ -45,9 +45,11 @@ class ORVALIX_API CHeader3D {
   /// The bottom line.
   void SetFooter(const CString& text);
   CString GetFooter() const;
-  /// Addition: the three texts, owned here: their colour, size and so on can be set.
+  /// Addition: the first title, owned here: its colour, size and so on can be set.
   CTextObj3D* GetTitle1Obj() const;
+  /// Addition: the same for the second title.
   CTextObj3D* GetTitle2Obj() const;
+  /// Addition: the same for the footer.
   CTextObj3D* GetFooterObj() const;
   /// @}
 

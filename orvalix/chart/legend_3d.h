@@ -74,8 +74,8 @@ class ORVALIX_API CLegend3D {
   /// @}
 
   /// @name Entries by their number
-  /// Setting an entry that doesn't exist does nothing; asking for one gives an empty text, 0, or an
-  /// all-zero colour.
+  /// Each is the one of the same name in CLegendObj3D. Setting an entry that doesn't exist does
+  /// nothing; asking for one gives an empty text, 0, or an all-zero colour.
   /// @{
   void SetText(int index, const CString& text);
   CString GetText(int index) const;
@@ -120,12 +120,18 @@ class ORVALIX_API CLegend3D {
   /// @name Titles
   /// Empty texts take no room.
   /// @{
+
+  /// The first line.
   void SetTitle1(const CString& text);
+  /// The line below.
   void SetTitle2(const CString& text);
+  /// The line under the entries.
   void SetFooter(const CString& text);
-  /// Addition: the texts, owned by the legend.
+  /// Addition: the first title, owned by the legend: its colour, size and so on can be set.
   CTextObj3D* GetTitle1Obj() const;
+  /// Addition: the same for the second title.
   CTextObj3D* GetTitle2Obj() const;
+  /// Addition: the same for the footer.
   CTextObj3D* GetFooterObj() const;
   /// @}
 

@@ -43,8 +43,9 @@ class ORVALIX_API CLegendObj3D {
   /// @throws CErr3D type 2, class 19, "SetString"
   void SetText(const CString& text);
   CString GetText() const;
-  /// Size of the text, in the sizes of the context's font; 0 while the entry isn't bound.
+  /// Width of the text, in the sizes of the context's font; 0 while the entry isn't bound.
   double TextWidth() const;
+  /// Height of the text, in the sizes of the context's font; 0 while the entry isn't bound.
   double TextHeight() const;
   /// Default black.
   void SetTextColor(const RGBDType& color);

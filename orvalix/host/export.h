@@ -11,5 +11,6 @@
 #define ORVALIX_API __declspec(dllimport)
 #endif
 #else
+/// Stands before what the shared library exports.
 #define ORVALIX_API __attribute__((visibility("default")))
 #endif

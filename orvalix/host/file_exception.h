@@ -13,7 +13,9 @@ class ORVALIX_API CException {
   /// @param autoDelete whether Delete() destroys the object, which then must come from `new`
   explicit CException(BOOL autoDelete = TRUE);
   virtual ~CException();
+  /// A copy is released as its original is.
   CException(const CException&) = default;
+  /// As the copy constructor.
   CException& operator=(const CException&) = default;
 
   /// Releases a caught exception.

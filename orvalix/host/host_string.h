@@ -41,7 +41,9 @@ class ORVALIX_API CString {
   /// Replaces the byte at a position; out of range nothing changes.
   void SetAt(int index, char character);
 
+  /// Replaces the text.
   CString& operator=(const char* text);
+  /// Appends. The text may be this string's own.
   CString& operator+=(const CString& text);
   CString& operator+=(const char* text);
   CString& operator+=(char character);
@@ -74,14 +76,17 @@ class ORVALIX_API CString {
   /// Turns A to Z into a to z; other bytes stay.
   CString& MakeLower();
 
+  /// Both texts, one after the other.
   friend ORVALIX_API CString operator+(const CString& left, const CString& right);
   friend ORVALIX_API CString operator+(const CString& left, const char* right);
   friend ORVALIX_API CString operator+(const char* left, const CString& right);
   friend ORVALIX_API CString operator+(const CString& left, char right);
   friend ORVALIX_API CString operator+(char left, const CString& right);
 
+  /// Byte by byte, as Compare().
   friend ORVALIX_API bool operator==(const CString& left, const CString& right);
   friend ORVALIX_API bool operator==(const CString& left, const char* right);
+  /// Byte by byte, as Compare().
   friend ORVALIX_API std::strong_ordering operator<=>(const CString& left, const CString& right);
   friend ORVALIX_API std::strong_ordering operator<=>(const CString& left, const char* right);
 

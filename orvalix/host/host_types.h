@@ -30,10 +30,10 @@ using HPALETTE = HPALETTE__*;  ///< a palette
 
 // Other libraries' headers may have made macros of these two.
 #if !defined(TRUE)
-inline constexpr BOOL TRUE = 1;
+inline constexpr BOOL TRUE = 1;  ///< what a BOOL is when it holds
 #endif
 #if !defined(FALSE)
-inline constexpr BOOL FALSE = 0;
+inline constexpr BOOL FALSE = 0;  ///< what a BOOL is when it doesn't hold
 #endif
 
 inline constexpr DWORD SRCCOPY =
@@ -86,29 +86,29 @@ inline constexpr int LF_FACESIZE = 32;  ///< bytes of a face name with its termi
 
 /// A rectangle: left and top edges are inside, right and bottom edges outside.
 struct RECT {
-  LONG left;
-  LONG top;
-  LONG right;
-  LONG bottom;
+  LONG left;    ///< first column
+  LONG top;     ///< first row
+  LONG right;   ///< column after the last
+  LONG bottom;  ///< row after the last
 };
 
 /// A position.
 struct POINT {
-  LONG x;
-  LONG y;
+  LONG x;  ///< to the right
+  LONG y;  ///< downwards
 };
 
 /// An extent.
 struct SIZE {
-  LONG cx;
-  LONG cy;
+  LONG cx;  ///< width
+  LONG cy;  ///< height
 };
 
 /// A colour of a bitmap's colour table.
 struct RGBQUAD {
-  BYTE rgbBlue;
-  BYTE rgbGreen;
-  BYTE rgbRed;
+  BYTE rgbBlue;      ///< 0 to 255
+  BYTE rgbGreen;     ///< 0 to 255
+  BYTE rgbRed;       ///< 0 to 255
   BYTE rgbReserved;  ///< 0
 };
 
@@ -119,127 +119,127 @@ struct BITMAP {
   LONG bmHeight;      ///< rows, positive
   LONG bmWidthBytes;  ///< bytes from a row to the next
   WORD bmPlanes;      ///< 1
-  WORD bmBitsPixel;
-  void* bmBits;  ///< the pixels of a section; null for other bitmaps
+  WORD bmBitsPixel;   ///< bits of a pixel
+  void* bmBits;       ///< the pixels of a section; null for other bitmaps
 };
 
 #pragma pack(push, 2)
 /// The first 14 bytes of a bitmap file.
 struct BITMAPFILEHEADER {
-  WORD bfType;  ///< 0x4D42
-  DWORD bfSize;
-  WORD bfReserved1;
-  WORD bfReserved2;
-  DWORD bfOffBits;
+  WORD bfType;       ///< 0x4D42
+  DWORD bfSize;      ///< bytes of the file
+  WORD bfReserved1;  ///< 0
+  WORD bfReserved2;  ///< 0
+  DWORD bfOffBits;   ///< where the pixels begin, from the start of the file
 };
 #pragma pack(pop)
 
 /// The format of a device-independent bitmap.
 struct BITMAPINFOHEADER {
-  DWORD biSize;  ///< 40, or more when a longer header follows
-  LONG biWidth;
-  LONG biHeight;  ///< positive: bottom row first; negative: top row first
-  WORD biPlanes;
-  WORD biBitCount;
-  DWORD biCompression;
-  DWORD biSizeImage;
-  LONG biXPelsPerMeter;
-  LONG biYPelsPerMeter;
-  DWORD biClrUsed;  ///< entries in the colour table; 0: as many as the bit count allows
-  DWORD biClrImportant;
+  DWORD biSize;          ///< 40, or more when a longer header follows
+  LONG biWidth;          ///< pixels
+  LONG biHeight;         ///< positive: bottom row first; negative: top row first
+  WORD biPlanes;         ///< 1
+  WORD biBitCount;       ///< bits of a pixel: 1, 4, 8, 16, 24 or 32
+  DWORD biCompression;   ///< BI_RGB, BI_RLE8, BI_RLE4 or BI_BITFIELDS
+  DWORD biSizeImage;     ///< bytes of the pixels; 0 will do without compression
+  LONG biXPelsPerMeter;  ///< resolution across
+  LONG biYPelsPerMeter;  ///< resolution down
+  DWORD biClrUsed;       ///< entries in the colour table; 0: as many as the bit count allows
+  DWORD biClrImportant;  ///< entries that are needed; 0: all
 };
 
 /// A header with the start of its colour table.
 struct BITMAPINFO {
-  BITMAPINFOHEADER bmiHeader;
-  RGBQUAD bmiColors[1];
+  BITMAPINFOHEADER bmiHeader;  ///< format
+  RGBQUAD bmiColors[1];        ///< as many follow one another as the header says
 };
 
 /// What is known of a bitmap made by CreateDIBSection().
 struct DIBSECTION {
-  BITMAP dsBm;
-  BITMAPINFOHEADER dsBmih;
-  DWORD dsBitfields[3];  ///< 0
-  HANDLE dshSection;     ///< null
-  DWORD dsOffset;        ///< 0
+  BITMAP dsBm;              ///< the bitmap in memory
+  BITMAPINFOHEADER dsBmih;  ///< its format
+  DWORD dsBitfields[3];     ///< 0
+  HANDLE dshSection;        ///< null
+  DWORD dsOffset;           ///< 0
 };
 
 /// A colour of a palette.
 struct PALETTEENTRY {
-  BYTE peRed;
-  BYTE peGreen;
-  BYTE peBlue;
-  BYTE peFlags;
+  BYTE peRed;    ///< 0 to 255
+  BYTE peGreen;  ///< 0 to 255
+  BYTE peBlue;   ///< 0 to 255
+  BYTE peFlags;  ///< 0
 };
 
 /// The description of a palette; `palNumEntries` entries follow one another.
 struct LOGPALETTE {
-  WORD palVersion;  ///< 0x300
-  WORD palNumEntries;
-  PALETTEENTRY palPalEntry[1];
+  WORD palVersion;              ///< 0x300
+  WORD palNumEntries;           ///< number of entries
+  PALETTEENTRY palPalEntry[1];  ///< the first entry
 };
 
 /// How OpenGL stores pixels.
 struct PIXELFORMATDESCRIPTOR {
-  WORD nSize;  ///< 40
-  WORD nVersion;
-  DWORD dwFlags;
-  BYTE iPixelType;
-  BYTE cColorBits;
-  BYTE cRedBits;
-  BYTE cRedShift;
-  BYTE cGreenBits;
-  BYTE cGreenShift;
-  BYTE cBlueBits;
-  BYTE cBlueShift;
-  BYTE cAlphaBits;
-  BYTE cAlphaShift;
-  BYTE cAccumBits;
-  BYTE cAccumRedBits;
-  BYTE cAccumGreenBits;
-  BYTE cAccumBlueBits;
-  BYTE cAccumAlphaBits;
-  BYTE cDepthBits;
-  BYTE cStencilBits;
-  BYTE cAuxBuffers;
-  BYTE iLayerType;
-  BYTE bReserved;
-  DWORD dwLayerMask;
-  DWORD dwVisibleMask;
-  DWORD dwDamageMask;
+  WORD nSize;            ///< 40
+  WORD nVersion;         ///< 1
+  DWORD dwFlags;         ///< PFD_ flags
+  BYTE iPixelType;       ///< PFD_TYPE_RGBA or PFD_TYPE_COLORINDEX
+  BYTE cColorBits;       ///< bits of a colour
+  BYTE cRedBits;         ///< bits of red
+  BYTE cRedShift;        ///< lowest bit of red in a pixel
+  BYTE cGreenBits;       ///< bits of green
+  BYTE cGreenShift;      ///< lowest bit of green in a pixel
+  BYTE cBlueBits;        ///< bits of blue
+  BYTE cBlueShift;       ///< lowest bit of blue in a pixel
+  BYTE cAlphaBits;       ///< bits of alpha
+  BYTE cAlphaShift;      ///< lowest bit of alpha in a pixel
+  BYTE cAccumBits;       ///< bits of the accumulation buffer
+  BYTE cAccumRedBits;    ///< bits of red in the accumulation buffer
+  BYTE cAccumGreenBits;  ///< bits of green in the accumulation buffer
+  BYTE cAccumBlueBits;   ///< bits of blue in the accumulation buffer
+  BYTE cAccumAlphaBits;  ///< bits of alpha in the accumulation buffer
+  BYTE cDepthBits;       ///< bits of the depth buffer
+  BYTE cStencilBits;     ///< bits of the stencil buffer
+  BYTE cAuxBuffers;      ///< number of auxiliary buffers
+  BYTE iLayerType;       ///< PFD_MAIN_PLANE
+  BYTE bReserved;        ///< 0
+  DWORD dwLayerMask;     ///< 0
+  DWORD dwVisibleMask;   ///< 0
+  DWORD dwDamageMask;    ///< 0
 };
 
 /// The description of a font.
 struct LOGFONTA {
-  LONG lfHeight;
-  LONG lfWidth;
-  LONG lfEscapement;
-  LONG lfOrientation;
-  LONG lfWeight;
-  BYTE lfItalic;
-  BYTE lfUnderline;
-  BYTE lfStrikeOut;
-  BYTE lfCharSet;
-  BYTE lfOutPrecision;
-  BYTE lfClipPrecision;
-  BYTE lfQuality;
-  BYTE lfPitchAndFamily;
-  char lfFaceName[LF_FACESIZE];
+  LONG lfHeight;          ///< height in pixels; below 0: of characters without the room above them
+  LONG lfWidth;           ///< mean width in pixels; 0: as the font has it
+  LONG lfEscapement;      ///< direction of lines, tenths of a degree
+  LONG lfOrientation;     ///< direction of characters, tenths of a degree
+  LONG lfWeight;          ///< 0 to 1000, see FW_NORMAL
+  BYTE lfItalic;          ///< nonzero: slanted
+  BYTE lfUnderline;       ///< nonzero: underlined
+  BYTE lfStrikeOut;       ///< nonzero: struck out
+  BYTE lfCharSet;         ///< character set
+  BYTE lfOutPrecision;    ///< how closely the font has to fit
+  BYTE lfClipPrecision;   ///< how characters are cut at edges
+  BYTE lfQuality;         ///< how well characters are drawn
+  BYTE lfPitchAndFamily;  ///< kind of face to take when the named one is missing
+  char lfFaceName[LF_FACESIZE];  ///< name of the face, with a terminator
 };
 
 /// A position in fractions.
 struct POINTFLOAT {
-  float x;
-  float y;
+  float x;  ///< to the right
+  float y;  ///< upwards
 };
 
 /// The place and size of a character, in em.
 struct GLYPHMETRICSFLOAT {
-  float gmfBlackBoxX;
-  float gmfBlackBoxY;
+  float gmfBlackBoxX;           ///< width of the black box
+  float gmfBlackBoxY;           ///< height of the black box
   POINTFLOAT gmfptGlyphOrigin;  ///< upper left corner of the black box
-  float gmfCellIncX;
-  float gmfCellIncY;
+  float gmfCellIncX;            ///< step to the next character
+  float gmfCellIncY;            ///< the same, upwards
 };
 
 /// Packs a colour; of each component the low 8 bits count.

@@ -55,8 +55,11 @@ class ORVALIX_API CAuxObj3D {
   int GetColorMode() const;
   /// Dimensions of the shape, before the scale factor. Default 1 each.
   void SetSizeParameters(double size1, double size2, double size3);
+  /// The first dimension.
   double GetSizeParameter1() const;
+  /// The second dimension.
   double GetSizeParameter2() const;
+  /// The third dimension.
   double GetSizeParameter3() const;
   /// Normalised units, of which the view has two, per unit of size. Default 0.05.
   void SetScaleFactor(double factor);

@@ -70,7 +70,9 @@ class ORVALIX_API CDIBObj3D {
   /// How many times the picture stands side by side across the plane, and on itself up the plane;
   /// negative numbers mirror it. Default 1 and 1.
   void SetRepeatFactors(int across, int up);
+  /// How many times across.
   int GetRepeatFactorX() const;
+  /// How many times up.
   int GetRepeatFactorY() const;
   /// Addition: id of the transform that the object was bound to last. Default 0.
   int GetTransformID() const;

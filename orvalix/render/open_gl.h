@@ -60,6 +60,7 @@ class ORVALIX_API COpenGL {
   ///   no OpenGL that can draw into a bitmap of that size; type 3 when memory runs out, class 17,
   ///   "InitContext" or "NewFont3D"; CDIBSection::CreateRGBPalette()'s
   COpenGL(CDC* windowDC, CDIBSection* dib);
+  /// Destroys the context with its fonts. The bitmap stays.
   ~COpenGL();
   COpenGL(const COpenGL&) = delete;
   COpenGL& operator=(const COpenGL&) = delete;
@@ -219,8 +220,12 @@ class ORVALIX_API COpenGL {
 
   /// @name Matrices (OpenGL's current matrix)
   /// @{
+
+  /// Puts a copy of the current matrix on OpenGL's stack.
   void PushMatrix();
+  /// Goes back to the matrix before the last PushMatrix().
   void PopMatrix();
+  /// Loads the matrix that leaves points where they are.
   void LoadIdentity();
   /// Loads 16 values, column by column. Null does nothing.
   void LoadMatrixTransform(const double* matrix);
@@ -231,7 +236,9 @@ class ORVALIX_API COpenGL {
   void SelectModelView();
   /// Turns by `degrees` about x (axis 0), y (1) or z (2); any other axis does nothing.
   void Rotate3D(double degrees, int axis);
+  /// Stretches along each axis.
   void Scale3D(double x, double y, double z);
+  /// Moves along each axis.
   void Translate3D(double x, double y, double z);
   /// @}
 
@@ -268,7 +275,9 @@ class ORVALIX_API COpenGL {
   /// end; SetFillStyle3D() gives the lines to all later points its fill colour. A start ends a line
   /// that is still open; without one, the other two do nothing.
   void StartLineAbs3D(point3Dtype const& point);
+  /// The next point of the polyline.
   void AppendLineAbs3D(point3Dtype const& point);
+  /// The last point of the polyline.
   void EndLineAbs3D(point3Dtype const& point);
   /// A closed outline through n points, solid, in the line colour.
   void PolyAbs3D(const point3Dtype* points, int n);
@@ -308,7 +317,10 @@ class ORVALIX_API COpenGL {
   /// The box from (x, y, z) to (x + dx, y + dy, z + dz).
   void DrawPrism3D(double x, double y, double z, double dx, double dy, double dz,
                    RGBDType const& fill, RGBDType const& outline);
+  /// A cube about the origin.
   void DrawCube(double size, RGBDType const& fill, RGBDType const& outline);
+  /// A box about the origin: `w` along x, `d` along y, `h` along z.
+  /// @param faceFlags as of DrawSolidObject3D()
   void DrawCubeSolidObject3D(double w, double d, double h, RGBDType const& fill,
                              RGBDType const& outline, const int* faceFlags);
   /// A pyramid with its apex at the top.

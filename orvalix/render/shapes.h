@@ -38,14 +38,22 @@ ORVALIX_API void auxWireCylinder(double radius, double height);
 ORVALIX_API void auxSolidCone(double radius, double height);
 ORVALIX_API void auxWireCone(double radius, double height);
 
-/// Regular solids centred on the origin, their vertices `radius` away from it (those of the
-/// dodecahedron radius / 1.73). The current entry of the matrix stack (matrix_stack.h) moves and
-/// scales them.
+/// A tetrahedron whose vertices are `radius` away from the origin, where the current entry of the
+/// matrix stack (matrix_stack.h) puts it.
 ORVALIX_API void auxSolidTetrahedron(double radius);
 ORVALIX_API void auxWireTetrahedron(double radius);
+
+/// An octahedron whose vertices are `radius` away from the origin, where the current entry of the
+/// matrix stack (matrix_stack.h) puts it.
 ORVALIX_API void auxSolidOctahedron(double radius);
 ORVALIX_API void auxWireOctahedron(double radius);
+
+/// A dodecahedron whose vertices are `radius` / 1.73 away from the origin, where the current entry
+/// of the matrix stack (matrix_stack.h) puts it.
 ORVALIX_API void auxSolidDodecahedron(double radius);
 ORVALIX_API void auxWireDodecahedron(double radius);
+
+/// An icosahedron whose vertices are `radius` away from the origin, where the current entry of the
+/// matrix stack (matrix_stack.h) puts it.
 ORVALIX_API void auxSolidIcosahedron(double radius);
 ORVALIX_API void auxWireIcosahedron(double radius);

@@ -47,9 +47,11 @@ class ORVALIX_API CTextObj3D {
   /// What of the text lies at its place. x: 0 its left end, 1 its middle, 2 its right end. y: 0
   /// its base line, 1 the middle, 2 the top. Other codes act as 0. Default 0 and 0.
   void SetJustify(int x, int y);
+  /// x alone.
   void SetXJustify(int x);
-  void SetYJustify(int y);
   int GetXJustify() const;
+  /// y alone.
+  void SetYJustify(int y);
   int GetYJustify() const;
   /// Both; null pointers are passed over.
   void GetJustify3D(int* x, int* y) const;
@@ -77,6 +79,7 @@ class ORVALIX_API CTextObj3D {
   int GetClipping() const;
   /// 0 leaves the text out of the picture. Default 1.
   void EnableTextObj(int flag);
+  /// 0 while the text is left out.
   int GetTextEnable() const;
   /// Addition: id of the transform, as bound or as loaded.
   int GetTransformID() const;

@@ -48,15 +48,18 @@ class ORVALIX_API CTransform3D {
   /// No validation: a minimum above the maximum inverts the axis. Default 0 to 1.
   void SetScale(point3Dtype const& min, point3Dtype const& max);
   void GetScale(point3Dtype& min, point3Dtype& max) const;
+  /// The minimum alone.
   void SetScaleMin(point3Dtype const& min);
-  void SetScaleMax(point3Dtype const& max);
   point3Dtype GetScaleMin() const;
+  /// The maximum alone.
+  void SetScaleMax(point3Dtype const& max);
   point3Dtype GetScaleMax() const;
   /// Copies the scale into the adjusted scale and makes the limits of logarithmic axes legal ones
   /// (AntilogLog10Ex()): 0 and below become 1.
   void SetAdjustedScale();
-  /// The adjusted limits, brought up to date first.
+  /// The adjusted minimum, brought up to date first.
   point3Dtype GetAdjustedScaleMin();
+  /// The adjusted maximum, brought up to date first.
   point3Dtype GetAdjustedScaleMax();
   /// The working scale as ChartTransform() last computed it.
   void GetWorkingScale(point3Dtype& min, point3Dtype& max) const;
@@ -88,6 +91,7 @@ class ORVALIX_API CTransform3D {
   point3Dtype GetOffset() const;
   /// Rotation about x, y and z in degrees. Default 0. Its v is kept as it was.
   void SetRotate(point3Dtype const& degrees);
+  /// The rotation in degrees.
   point3Dtype GetRotation() const;
   /// Centre of the working scale; the next ChartTransform() overwrites it.
   void SetCentroid(point3Dtype const& centroid);
@@ -147,8 +151,11 @@ class ORVALIX_API CTransform3D {
   void TextTransform();
   /// The three steps below, multiplied onto the current matrix.
   void TransformAll();
+  /// The rotation, multiplied onto the current matrix.
   void TransformRotate();
+  /// The scaling, multiplied onto the current matrix.
   void TransformScale();
+  /// The translation, multiplied onto the current matrix.
   void TransformTranslate();
   /// Addition: appends every number by which the transform shapes what is drawn through it, and
   /// which of all transforms it is. Turning and moving change none of them.

@@ -83,6 +83,7 @@ class ORVALIX_API CChartObj3D {
   ~CChartObj3D();
   /// @throws CErr3D as the copy constructor; the series is then as it was
   CChartObj3D& operator=(const CChartObj3D& source);
+  /// The source is left without arrays.
   CChartObj3D& operator=(CChartObj3D&& source) noexcept;
 
   /// Binds to a rendering context and a transform; both stay the caller's and must outlive the
@@ -351,28 +352,40 @@ class ORVALIX_API CChartObj3D {
   /// Reading outside a storage gives 0 (or an all-zero record, or an empty text); writing there
   /// does nothing.
   /// @{
+
+  /// Independent value of a point.
   double GetIndData(int i) const;
   void SetIndData(int i, double value);
+  /// Dependent value of a point.
   double GetDepData(int i) const;
   void SetDepData(int i, double value);
-  /// The second argument is not used.
+  /// Second dependent value of a point. Reading doesn't use its second argument.
   double GetDepData2(int i, double unused) const;
   void SetDepData2(int i, double value);
+  /// Where the bar of a point begins.
   double GetBarHeight(int i) const;
   void SetBarHeight(int i, double value);
+  /// Value of a group at a point.
   double GetGroupData(int group, int point) const;
   void SetGroupData(int group, int point, double value);
+  /// Colour of a group.
   RGBDType GetGroupColor(int i) const;
   void SetGroupColor(int i, RGBDType const& color);
+  /// Colour of a point's segment.
   RGBDType GetSegmentColor(int i) const;
   void SetSegmentColor(int i, RGBDType const& color);
+  /// A point in space.
   point3Dtype Get3DPoint(int i) const;
   void Set3DPoint(int i, point3Dtype const& point);
+  /// Text of a point.
   CString GetScatterTextString(int i) const;
   void SetScatterTextString(int i, CString const& text);
-  /// Kept: contours are read up to the number of points but written up to the number of contours.
+  /// Value of a contour line.
+  /// Kept: they are read up to the number of points but written up to the number of contours.
   double GetContourValue(int i) const;
   void SetContourValue(int i, double value);
+  /// Colour of a contour line.
+  /// Kept: they are read up to the number of points but written up to the number of contours.
   RGBDType GetContourColor(int i) const;
   void SetContourColor(int i, RGBDType const& color);
   /// A point of the mesh.

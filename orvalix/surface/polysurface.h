@@ -223,7 +223,9 @@ class ORVALIX_API CPolysurface {
   int GetEvenGridFlag() const;
   /// The type that ConvertRG2PS() got: 2 or 3 for even grids of type 0 or 1.
   int GetGridType() const;
+  /// Points along y.
   int GetRGRows() const;
+  /// Points along x.
   int GetRGColumns() const;
   /// Of the first point.
   double GetRGMinX() const;
