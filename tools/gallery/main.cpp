@@ -1,18 +1,28 @@
 /// Draws every example into a folder, and a page that shows the pictures with their programs.
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "gallery/page.h"
 #include "orvalix/orvalix.h"
+#include "support/common_options.h"
 #include "support/examples.h"
 
 namespace {
+
+constexpr const char* kProgram = "orvalix_gallery";
+constexpr const char* kHelp =
+    "usage: orvalix_gallery OUTPUT_FOLDER [DATA_FOLDER]\n"
+    "       orvalix_gallery --help | --version\n"
+    "\n"
+    "Draws every example into a folder, and a page that shows the pictures with their programs.\n";
 
 const std::string kSources = ORVALIX_EXAMPLES_FOLDER;
 
@@ -36,9 +46,13 @@ void DrawGallery(const std::filesystem::path& folder, const std::string& data) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && orvalix::AnswerCommonOption(argv[1], kProgram, kHelp, std::cout)) return 0;
+  const bool hasOption = std::any_of(
+      argv + 1, argv + argc, [](std::string_view argument) { return argument.starts_with("--"); });
+  if (hasOption) return orvalix::RefuseCommandLine(kProgram, "unknown option", std::cerr);
   if (argc < 2 || argc > 3) {
-    std::cerr << "usage: orvalix_gallery OUTPUT_FOLDER [DATA_FOLDER]\n";
-    return 2;
+    return orvalix::RefuseCommandLine(kProgram, argc < 2 ? "no folder" : "too many arguments",
+                                      std::cerr);
   }
   try {
     DrawGallery(argv[1], argc > 2 ? argv[2] : ORVALIX_DATA_FOLDER);
