@@ -8,7 +8,10 @@ find_package(Freetype REQUIRED)
 find_package(Fontconfig REQUIRED)
 find_package(PNG REQUIRED)
 
+include(OrvalixHardening)
+
 add_library(orvalix_options INTERFACE)
+target_link_libraries(orvalix_options INTERFACE orvalix_hardening)
 target_compile_features(orvalix_options INTERFACE cxx_std_20)
 target_compile_options(orvalix_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                        -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual)
