@@ -53,7 +53,7 @@ for package in "$packages"/*.deb; do
   [[ $(field "$name" Version) == "$version" ]] || fail "version of $name"
   [[ $(field "$name" Description | head -1) == "3D business and scientific charts ("*")" ]] ||
     fail "description of $name"
-  files "$name" | grep -qx "./usr/share/doc/$name/copyright" || fail "$name has no copyright"
+  grep -qx "./usr/share/doc/$name/copyright" <<<"$(files "$name")" || fail "$name has no copyright"
   dpkg-deb -x "$package" "$work/alone/$name"
 done
 
