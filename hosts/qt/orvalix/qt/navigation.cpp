@@ -128,17 +128,27 @@ std::vector<Navigation::ChartHome> Navigation::Standing() const {
   return standing;
 }
 
+bool Navigation::IsHomeOf(const CChart3D& chart, const ChartHome& home) {
+  if (chart.GetNumTransforms() != static_cast<int>(home.transforms.size())) return false;
+  for (std::size_t i = 0; i < home.transforms.size(); ++i) {
+    const CTransform3D& transform = *chart.GetTransform(static_cast<int>(i));
+    if (transform.GetTransformID() != home.transforms[i].id) return false;
+  }
+  return true;
+}
+
+/// True while the charts are those whose home is remembered.
+bool Navigation::KnowsHome() const {
+  if (m_view.GetNumCharts() != static_cast<int>(m_home.size())) return false;
+  for (std::size_t index = 0; index < m_home.size(); ++index) {
+    if (!IsHomeOf(*m_view.GetChart(static_cast<int>(index)), m_home[index])) return false;
+  }
+  return true;
+}
+
 void Navigation::RememberHome() {
-  std::vector<ChartHome> standing = Standing();
   // Charts that were exchanged meanwhile start anew.
-  const bool isKnown = std::equal(
-      standing.begin(), standing.end(), m_home.begin(), m_home.end(),
-      [](const ChartHome& a, const ChartHome& b) {
-        return std::equal(
-            a.transforms.begin(), a.transforms.end(), b.transforms.begin(), b.transforms.end(),
-            [](const TransformHome& x, const TransformHome& y) { return x.id == y.id; });
-      });
-  if (!isKnown) m_home = std::move(standing);
+  if (!KnowsHome()) m_home = Standing();
 }
 
 void Navigation::Reset() {

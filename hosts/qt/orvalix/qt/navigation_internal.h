@@ -62,6 +62,8 @@ class Navigation {
   };
 
   std::vector<ChartHome> Standing() const;
+  static bool IsHomeOf(const CChart3D& chart, const ChartHome& home);
+  bool KnowsHome() const;
   /// Sets the zoom of charts to what `change` makes of their rectangle and their zoom.
   template <class Change>
   void ChangeZooms(const Charts& charts, const ViewPoint& size, Change change);
