@@ -1,8 +1,10 @@
 // What a user does, sent to the X server by another program.
 
 #include <QtCore/QTimer>
+#include <QtGui/QMouseEvent>
 #include <QtWidgets/QMenu>
 #include <cmath>
+#include <functional>
 
 #include "qt/qt_fixture.h"
 
@@ -177,27 +179,132 @@ TEST_F(Input, KeysDoTheSame) {
   ExpectZoom(1.0, -0.1, -0.1);
 }
 
+// The pointer is at the place of the drag's start, 30 pixels to the right of it, or back there.
+TEST_F(Input, OtherButtonsLeaveADragAlone) {
+  DoAt(250, 200, "mousedown 1 mousemove_relative -- 30 0");
+  EXPECT_EQ(widget.cursor().shape(), Qt::ClosedHandCursor);
+  for (const char* other : {"3", "2"}) {
+    DoAt(280, 200, QString("mousedown %1").arg(other));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    DoAt(250, 200, QString("mouseup %1").arg(other));
+    EXPECT_EQ(widget.cursor().shape(), Qt::ClosedHandCursor);
+    ExpectRotation(kTilt, kTurn);
+    DoAt(280, 200, "mousemove_relative -- 1 0");
+    ExpectRotation(kTilt, kTurn - 31 * kDegreesPerPixel);
+  }
+  ExpectZoom(1.0, 0.0, 0.0);
+  DoAt(280, 200, "mouseup 1");
+  EXPECT_EQ(widget.cursor().shape(), Qt::ArrowCursor);
+  ExpectRotation(kTilt, kTurn - 30 * kDegreesPerPixel);
+  // The other way round: it is the middle button that moves, and the left one that is in between.
+  DoAt(200, 200, "mousedown 2 mousedown 1 mousemove_relative -- 50 40 mouseup 1");
+  EXPECT_EQ(widget.cursor().shape(), Qt::SizeAllCursor);
+  DoAt(200, 200, "mouseup 2");
+  ExpectZoom(1.0, 0.0, 0.0);
+  ExpectRotation(kTilt, kTurn - 30 * kDegreesPerPixel);
+}
+
+TEST_F(Input, ADragGivesTheProgramsCursorBack) {
+  widget.setCursor(Qt::CrossCursor);
+  DoAt(250, 200, "mousedown 1");
+  EXPECT_EQ(widget.cursor().shape(), Qt::ClosedHandCursor);
+  DoAt(250, 200, "mouseup 1");
+  EXPECT_EQ(widget.cursor().shape(), Qt::CrossCursor);
+}
+
+/// A mouse event in the middle, with the buttons that are down after it.
+void Send(QWidget& widget, QEvent::Type type, int x, Qt::MouseButton button,
+          Qt::MouseButtons buttons) {
+  const QPointF at(x, 200.0);
+  QMouseEvent event(type, at, widget.mapToGlobal(at), button, buttons, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
+
+// As with a window that opens meanwhile and takes the release.
+TEST_F(Input, ADragEndsWhenItsReleaseWentElsewhere) {
+  Send(widget, QEvent::MouseButtonPress, 200, Qt::LeftButton, Qt::LeftButton);
+  Send(widget, QEvent::MouseMove, 300, Qt::NoButton, Qt::NoButton);
+  ExpectUntouched();
+  EXPECT_EQ(widget.cursor().shape(), Qt::ArrowCursor);
+  EXPECT_FALSE(widget.hasMouseTracking());
+
+  Send(widget, QEvent::MouseButtonPress, 200, Qt::LeftButton, Qt::LeftButton);
+  Send(widget, QEvent::MouseButtonPress, 200, Qt::RightButton, Qt::RightButton);
+  EXPECT_EQ(widget.cursor().shape(), Qt::ArrowCursor);
+  Send(widget, QEvent::MouseMove, 300, Qt::NoButton, Qt::RightButton);
+  ExpectUntouched();
+
+  Send(widget, QEvent::MouseButtonPress, 200, Qt::LeftButton, Qt::LeftButton);
+  Send(widget, QEvent::MouseButtonPress, 200, Qt::LeftButton, Qt::LeftButton);
+  Send(widget, QEvent::MouseMove, 250, Qt::NoButton, Qt::LeftButton);
+  ExpectRotation(kTilt, kTurn - 50 * kDegreesPerPixel);
+  Send(widget, QEvent::MouseButtonRelease, 250, Qt::LeftButton, Qt::NoButton);
+}
+
+/// Acts on the menu of a widget once it is there; closes it when that takes too long.
+class MenuWatcher {
+ public:
+  explicit MenuWatcher(std::function<void(QMenu&)> act) {
+    m_timer.callOnTimeout([this, act] {
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      if (menu == nullptr || !texts.isEmpty()) return;
+      for (const QAction* action : menu->actions()) texts << action->text();
+      act(*menu);
+    });
+    m_timer.start(50);
+    m_limit.setSingleShot(true);
+    m_limit.callOnTimeout([] {
+      if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+    });
+    m_limit.start(10000);
+  }
+
+  QStringList texts;  ///< of its actions
+
+ private:
+  QTimer m_timer;
+  QTimer m_limit;
+};
+
 TEST_F(Input, AMenuOffersTheRest) {
   QAction own("Own");
   widget.addAction(&own);
   widget.RotateView(30.0, 0.0);
-  // The menu handles events until it is closed.
-  QStringList texts;
-  QTimer watcher;
-  watcher.callOnTimeout([&] {
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr || !texts.isEmpty()) return;
-    for (const QAction* action : menu->actions()) texts << action->text();
-    QProcess::startDetached("xdotool", {"key", "r"});
-  });
-  watcher.start(50);
-  QTimer::singleShot(10000, [] {
-    if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
-  });
+  const MenuWatcher watcher([](QMenu&) { QProcess::startDetached("xdotool", {"key", "r"}); });
   DoAt(200, 200, "click 3");
   EXPECT_TRUE(WaitUntil([&] { return RotationOf(widget).z == kTurn; }));
-  EXPECT_EQ(texts,
+  EXPECT_EQ(watcher.texts,
             (QStringList{"&Reset View", "Zoom &In", "Zoom &Out", "", "&Copy Picture", "", "Own"}));
+}
+
+TEST_F(Input, TheMenuHasOnlyWhatIsSwitchedOn) {
+  struct Case {
+    ChartWidget::Interactions interactions;
+    QStringList texts;
+  };
+  for (const Case& one : {Case{ChartWidget::kContextMenu, {"&Copy Picture"}},
+                          Case{ChartWidget::kContextMenu | ChartWidget::kZoom,
+                               {"Zoom &In", "Zoom &Out", "", "&Copy Picture"}},
+                          Case{ChartWidget::kContextMenu | ChartWidget::kReset,
+                               {"&Reset View", "", "&Copy Picture"}}}) {
+    widget.SetInteractions(one.interactions);
+    const MenuWatcher watcher([](QMenu& menu) { menu.close(); });
+    DoAt(200, 200, "click 3");
+    EXPECT_EQ(watcher.texts, one.texts);
+  }
+}
+
+TEST_F(Input, AMenuMayDeleteItsWidget) {
+  auto other = std::make_unique<ChartWidget>(QSize(200, 150));
+  widget.hide();
+  other->resize(200, 150);
+  ShowOnScreen(*other);
+  QAction* const close = new QAction("Close", other.get());
+  other->addAction(close);
+  QObject::connect(close, &QAction::triggered, [&] { other.reset(); });
+  const MenuWatcher watcher([close](QMenu&) { close->trigger(); });
+  DoAt(100, 70, "click 3");
+  EXPECT_TRUE(WaitUntil([&] { return other == nullptr; }));
 }
 
 TEST_F(Input, EachCanBeSwitchedOff) {

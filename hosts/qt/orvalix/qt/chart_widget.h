@@ -5,8 +5,11 @@
 #include <QtCore/QFlags>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtGui/QCursor>
+#include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "orvalix/qt/export.h"
@@ -14,6 +17,7 @@
 class CChartView3D;
 class CQtDC;
 class CQtWnd;
+class QMenu;
 class QPagedPaintDevice;
 
 namespace orvalix {
@@ -33,6 +37,8 @@ struct ViewPoint;
 /// | clicks with the right button, presses the menu key | a menu |
 /// | presses arrow keys; with Shift; + and -; Home | as above, for all charts |
 /// | presses the keys for copying | the picture is on the clipboard |
+///
+/// Until the button that began a drag is up again, other buttons and the menu do nothing.
 ///
 /// A point that is over no chart stands for all of them. Turning changes the rotation of all
 /// transforms of a chart, magnifying and moving its zoom (CChart3D::SetZoom()).
@@ -133,8 +139,13 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   void Changed();
   void PaintRest(QPainter& painter) const;
   void PaintFailure(QPainter& painter) const;
-  void Fail(const QString& message, bool isReported);
+  QImage CopyOfFrame() const;
+  void Fail(const QString& message);
+  bool IsDragging(Qt::MouseButtons buttons);
+  bool IsAmidDrag(const QMouseEvent& press);
+  void EndDrag();
   bool MoveByKey(int key, bool shift);
+  void FillMenu(QMenu& menu);
 
   std::unique_ptr<CQtWnd> m_window;
   std::unique_ptr<CChartView3D> m_view;
@@ -142,6 +153,9 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   std::unique_ptr<orvalix::Navigation> m_navigation;
   Interactions m_interactions;
   Drag m_drag = Drag::kNone;
+  Qt::MouseButton m_dragButton = Qt::NoButton;  ///< whose release ends the drag
+  std::optional<QCursor> m_cursorBeforeDrag;    ///< that the program had set, if any
+  bool m_isTrackedAlways = false;    ///< moves without a button, as the program has set it
   QPointF m_dragPosition;            ///< of the last mouse event
   std::vector<int> m_draggedCharts;  ///< as Navigation::Charts
   bool m_isPainting = true;          ///< see EnablePainting()

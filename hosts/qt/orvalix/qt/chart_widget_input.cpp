@@ -1,10 +1,13 @@
 #include <orvalix/orvalix.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QMenu>
+#include <algorithm>
 #include <cmath>
 
 #include "orvalix/qt/chart_widget.h"
@@ -23,23 +26,53 @@ constexpr double kWheelStep = 120.0;        ///< eighths of a degree
 }  // namespace
 
 void ChartWidget::mousePressEvent(QMouseEvent* event) {
+  if (IsAmidDrag(*event)) return;
   const bool isLeft = event->button() == Qt::LeftButton;
   const bool isShifted = event->modifiers().testFlag(Qt::ShiftModifier);
   const bool moves = event->button() == Qt::MiddleButton || (isLeft && isShifted);
-  m_drag = Drag::kNone;
   if (moves && Allows(kPanning)) m_drag = Drag::kMoving;
   if (isLeft && !isShifted && Allows(kRotation)) m_drag = Drag::kTurning;
   if (m_drag == Drag::kNone) {
     event->ignore();
     return;
   }
+  m_dragButton = event->button();
   m_dragPosition = event->position();
   m_draggedCharts = m_navigation->ChartsAt(ToPixels(m_dragPosition), SizeInPixels());
+  // A move without the button tells that its release went elsewhere.
+  m_isTrackedAlways = hasMouseTracking();
+  setMouseTracking(true);
+  if (testAttribute(Qt::WA_SetCursor)) m_cursorBeforeDrag = cursor();
   setCursor(m_drag == Drag::kTurning ? Qt::ClosedHandCursor : Qt::SizeAllCursor);
 }
 
+/// Ends a drag whose button isn't down any more: its release went to another window.
+bool ChartWidget::IsDragging(Qt::MouseButtons buttons) {
+  if (!buttons.testFlag(m_dragButton)) EndDrag();
+  return m_drag != Drag::kNone;
+}
+
+/// Ends the drag when it is its own button that is pressed again.
+bool ChartWidget::IsAmidDrag(const QMouseEvent& press) {
+  if (press.button() == m_dragButton) EndDrag();
+  return IsDragging(press.buttons());
+}
+
+void ChartWidget::EndDrag() {
+  if (m_drag == Drag::kNone) return;
+  m_drag = Drag::kNone;
+  m_dragButton = Qt::NoButton;
+  setMouseTracking(m_isTrackedAlways);
+  if (m_cursorBeforeDrag) {
+    setCursor(*m_cursorBeforeDrag);
+  } else {
+    unsetCursor();
+  }
+  m_cursorBeforeDrag.reset();
+}
+
 void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (m_drag == Drag::kNone) {
+  if (!IsDragging(event->buttons())) {
     event->ignore();
     return;
   }
@@ -60,11 +93,11 @@ void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
     event->ignore();
     return;
   }
-  m_drag = Drag::kNone;
-  unsetCursor();
+  if (event->button() == m_dragButton) EndDrag();
 }
 
 void ChartWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (IsAmidDrag(*event)) return;
   if (event->button() != Qt::LeftButton || !Allows(kReset)) {
     mousePressEvent(event);
     return;
@@ -143,15 +176,23 @@ void ChartWidget::contextMenuEvent(QContextMenuEvent* event) {
     event->ignore();
     return;
   }
-  QMenu menu(this);
-  menu.addAction(tr("&Reset View"), this, &ChartWidget::ResetView);
-  menu.addAction(tr("Zoom &In"), this, [this] { ZoomView(kZoomPerStep); });
-  menu.addAction(tr("Zoom &Out"), this, [this] { ZoomView(1.0 / kZoomPerStep); });
-  menu.addSeparator();
-  menu.addAction(tr("&Copy Picture"), this, &ChartWidget::CopyToClipboard);
-  if (!actions().isEmpty()) {
-    menu.addSeparator();
-    menu.addActions(actions());
+  if (IsDragging(QGuiApplication::mouseButtons())) return;
+  // What is chosen may delete the widget, which takes its menu along.
+  const QPointer<QMenu> menu = new QMenu(this);
+  FillMenu(*menu);
+  menu->exec(event->globalPos());
+  delete menu;
+}
+
+void ChartWidget::FillMenu(QMenu& menu) {
+  if (Allows(kReset)) menu.addAction(tr("&Reset View"), this, &ChartWidget::ResetView);
+  if (Allows(kZoom)) {
+    menu.addAction(tr("Zoom &In"), this, [this] { ZoomView(kZoomPerStep); });
+    menu.addAction(tr("Zoom &Out"), this, [this] { ZoomView(1.0 / kZoomPerStep); });
   }
-  menu.exec(event->globalPos());
+  if (!menu.isEmpty()) menu.addSeparator();
+  menu.addAction(tr("&Copy Picture"), this, &ChartWidget::CopyToClipboard);
+  if (actions().isEmpty()) return;
+  menu.addSeparator();
+  menu.addActions(actions());
 }
