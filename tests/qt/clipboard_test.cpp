@@ -39,6 +39,62 @@ TEST(QtClipboard, KeysCopy) {
   EXPECT_EQ(PictureForOthers().pixelColor(60, 40), QColor(255, 0, 0));
 }
 
+/// A widget whose messages are taken down.
+class UnluckyCopy : public ::testing::Test {
+ protected:
+  UnluckyCopy() : widget(QSize(16, 16)) {
+    QObject::connect(&widget, &ChartWidget::copyingFailed,
+                     [this](const QString& text) { failures << text; });
+    s_told = 0;
+    m_before = SetMessageBoxHandler([](const char*) {
+      ++s_told;
+      return IDOK;
+    });
+    QGuiApplication::clipboard()->setText("before");
+  }
+  ~UnluckyCopy() override {
+    SetMessageBoxHandler(m_before);
+    CErr3D::SetErrorReportMode(1);
+  }
+
+  void ExpectFailure(int told) {
+    EXPECT_FALSE(widget.CopyToClipboard());
+    EXPECT_EQ(failures, QStringList{"The clipboard doesn't take the picture"});
+    EXPECT_EQ(s_told, told);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
+    failures.clear();
+    s_told = 0;
+  }
+
+  ChartWidget widget;
+  QStringList failures;
+
+ private:
+  static inline int s_told = 0;
+  MessageBoxHandler m_before = nullptr;
+};
+
+TEST_F(UnluckyCopy, IsToldWhenTheClipboardIsInUse) {
+  OpenClipboard(nullptr);
+  ExpectFailure(1);
+  CErr3D::SetErrorReportMode(0);
+  ExpectFailure(0);
+  CloseClipboard();
+  EXPECT_TRUE(widget.CopyToClipboard());
+  EXPECT_EQ(failures, QStringList{});
+}
+
+TEST_F(UnluckyCopy, IsToldWhenThePictureIsRefused) {
+  const ClipboardHandler before =
+      SetClipboardHandler([](const void*, int, int, int) { return FALSE; });
+  ExpectFailure(1);
+  SetClipboardHandler(nullptr);
+  ExpectFailure(1);
+  SetClipboardHandler(before);
+  EXPECT_TRUE(widget.CopyToClipboard());
+  EXPECT_EQ(failures, QStringList{});
+}
+
 TEST(QtClipboard, OutlivesTheView) {
   {
     ChartWidget widget(QSize(32, 20));

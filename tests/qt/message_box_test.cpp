@@ -179,9 +179,13 @@ TEST_F(FailingPaint, SilentModeHasTheSignalOnly) {
 }
 
 TEST_F(FailingPaint, CopyingAndPrintingTell) {
+  QStringList copies;
+  QObject::connect(&widget, &ChartWidget::copyingFailed,
+                   [&](const QString& text) { copies << text; });
   const LargeAllocationFailure poor(kPoor);
   EXPECT_FALSE(widget.CopyToClipboard());
   EXPECT_EQ(boxes.texts.size(), 1);
+  EXPECT_EQ(copies, QStringList{"Object New Error"});
   QBuffer file;
   file.open(QIODevice::WriteOnly);
   QPdfWriter pages(&file);

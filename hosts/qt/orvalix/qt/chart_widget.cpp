@@ -26,6 +26,15 @@ QString MessageOf(const CErr3D& error) {
   return QString::fromUtf8(static_cast<const char*>(description));
 }
 
+/// True when the picture that was copied last went on to the clipboard of all programs: what its
+/// handler refuses stays within this one.
+bool IsPassedOn() {
+  if (!OpenClipboard(nullptr)) return false;
+  const bool isKept = GetClipboardData(CF_BITMAP) != nullptr;
+  CloseClipboard();
+  return !isKept;
+}
+
 }  // namespace
 
 ChartWidget::ChartWidget(QWidget* parent) : ChartWidget(orvalix::LargestScreen(), parent) {}
@@ -92,12 +101,18 @@ void ChartWidget::Changed() {
 }
 
 bool ChartWidget::CopyToClipboard() {
+  QString failure;
   try {
     m_view->CopyToClipboard();
-    return true;
-  } catch (const CErr3D&) {
-    return false;
+    if (IsPassedOn()) return true;
+    // Nobody has thrown, and so nobody has told.
+    failure = tr("The clipboard doesn't take the picture");
+    if (CErr3D::nErrorReportMode == 1) AfxMessageBox(failure.toUtf8().constData());
+  } catch (const CErr3D& error) {
+    failure = MessageOf(error);
   }
+  emit copyingFailed(failure);
+  return false;
 }
 
 bool ChartWidget::Print(QPagedPaintDevice& pages) {

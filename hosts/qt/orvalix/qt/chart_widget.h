@@ -102,7 +102,9 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   void EnablePainting(bool enable);
 
   /// Puts the picture, of the bitmap's size, on the clipboard.
-  /// @return false when that failed, which the user has been told
+  /// @return true when it is there. False when that failed, or when the clipboard is in use or
+  ///   refuses pictures: the user has then been told, unless messages are off
+  ///   (CErr3D::SetErrorReportMode())
   bool CopyToClipboard();
   /// Prints the view on one page, in the view's scale mode (CChartView3D::SetPrintScaleMode()).
   /// @param pages a printer or a PDF file, to which nothing is painting
@@ -117,6 +119,9 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   void viewChanged();
   /// Painting failed, after it had not failed before.
   void drawingFailed(const QString& message);
+  /// The picture is not on the clipboard, whoever asked for it: CopyToClipboard(), the menu, or a
+  /// key.
+  void copyingFailed(const QString& message);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -2,6 +2,8 @@
 
 #include <orvalix/host/host.h>
 
+#include <QtCore/QMimeData>
+#include <QtCore/QPointer>
 #include <QtCore/QThread>
 #include <QtGui/QClipboard>
 #include <QtGui/QImage>
@@ -41,8 +43,12 @@ BOOL PutOnClipboard(const void* bgra, int width, int height, int strideBytes) {
   // The pixels are gone after the call, the clipboard's picture is not.
   const QImage copy = picture.copy();
   if (copy.isNull()) return FALSE;
-  QGuiApplication::clipboard()->setImage(copy);
-  return TRUE;
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  auto* const data = new QMimeData;  // the clipboard's from now on
+  data->setImageData(copy);
+  clipboard.setMimeData(data);
+  // Another program's, where the window system didn't let this one have the clipboard.
+  return clipboard.mimeData() == data ? TRUE : FALSE;
 }
 
 }  // namespace
