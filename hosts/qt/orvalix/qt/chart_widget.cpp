@@ -10,6 +10,7 @@
 #include "orvalix/qt/device_properties_internal.h"
 #include "orvalix/qt/held_notices_internal.h"
 #include "orvalix/qt/navigation_internal.h"
+#include "orvalix/qt/page_dc_internal.h"
 #include "orvalix/qt/qt_dc.h"
 #include "orvalix/qt/qt_wnd.h"
 
@@ -116,9 +117,7 @@ bool ChartWidget::CopyToClipboard() {
 }
 
 bool ChartWidget::Print(QPagedPaintDevice& pages) {
-  QPainter painter;
-  if (!painter.begin(&pages)) return false;
-  CQtDC dc(&painter);
+  orvalix::PageDC dc(pages);
   CPrintInfo info;
   try {
     m_view->OnPrint(&dc, &info);
@@ -126,7 +125,7 @@ bool ChartWidget::Print(QPagedPaintDevice& pages) {
   } catch (const CErr3D&) {
     return false;
   }
-  return painter.end();
+  return dc.End();
 }
 
 QSize ChartWidget::sizeHint() const { return kUsualSize; }

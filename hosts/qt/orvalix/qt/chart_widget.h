@@ -107,8 +107,10 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   ///   (CErr3D::SetErrorReportMode())
   bool CopyToClipboard();
   /// Prints the view on one page, in the view's scale mode (CChartView3D::SetPrintScaleMode()).
+  /// Nothing is printed, and a file that is there stays, when the view can't be drawn.
   /// @param pages a printer or a PDF file, to which nothing is painting
-  /// @return false when that failed, which the user has been told unless the device refused
+  /// @return false when that failed, which the user has been told unless the device refused or
+  ///   messages are off
   bool Print(QPagedPaintDevice& pages);
 
   QSize sizeHint() const override;
