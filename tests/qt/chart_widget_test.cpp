@@ -102,6 +102,47 @@ TEST(ChartWidgetPainting, AnotherThreadMayUseTheViewMeanwhile) {
             }));
 }
 
+// Qt begins a picture of the window anew at each size.
+TEST(ChartWidgetPainting, WithoutPaintingItKeepsItsPictureAtEachSize) {
+  ChartWidget widget(QSize(640, 480));
+  QPalette colors = widget.palette();
+  colors.setColor(QPalette::Window, QColor(10, 200, 30));
+  widget.setPalette(colors);
+  FillWithBars(*widget.GetView());
+  widget.resize(300, 200);
+  ShowOnScreen(widget);
+  const QImage before = OffscreenPicture(300, 200, FillWithBars);
+  ASSERT_EQ(Screenshot(widget), before);
+  widget.EnablePainting(false);
+  for (const QSize size : {QSize(400, 350), QSize(250, 180), QSize(500, 150)}) {
+    widget.resize(size);
+    ASSERT_TRUE(WaitUntil([&] { return Screenshot(widget).size() == size; }));
+    Wait(50);
+    QImage expected(size, QImage::Format_RGB32);
+    expected.fill(QColor(10, 200, 30));
+    QPainter(&expected).drawImage(0, 0, before);
+    EXPECT_EQ(Screenshot(widget), expected);
+  }
+  widget.EnablePainting(true);
+  EXPECT_EQ(Screenshot(widget), OffscreenPicture(500, 150, FillWithBars));
+}
+
+TEST(ChartWidgetPainting, WithoutPaintingItShowsNoPictureForOthers) {
+  ChartWidget widget(QSize(320, 240));
+  QPalette colors = widget.palette();
+  colors.setColor(QPalette::Window, QColor(10, 200, 30));
+  widget.setPalette(colors);
+  FillWithBars(*widget.GetView());
+  widget.resize(300, 200);
+  ShowOnScreen(widget);
+  widget.CopyToClipboard();
+  widget.EnablePainting(false);
+  widget.update();
+  QImage expected(300, 200, QImage::Format_RGB32);
+  expected.fill(QColor(10, 200, 30));
+  EXPECT_EQ(Screenshot(widget), expected);
+}
+
 TEST(ChartWidgetPainting, SeveralViewsLiveBesideEachOther) {
   QWidget window;
   window.resize(600, 250);

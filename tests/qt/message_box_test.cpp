@@ -1,5 +1,7 @@
 #include <QtCore/QBuffer>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
+#include <QtGui/QPainter>
 #include <QtGui/QPdfWriter>
 #include <QtWidgets/QMessageBox>
 #include <thread>
@@ -26,7 +28,9 @@ class BoxWatcher {
         EXPECT_TRUE(box->isModal());
         EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
         texts << box->text();
+        const QPointer<QMessageBox> open(box);
         if (whileOpen) whileOpen();
+        if (!open) return;
         box->accept();
       }
     });
@@ -191,6 +195,127 @@ TEST_F(FailingPaint, CopyingAndPrintingTell) {
   QPdfWriter pages(&file);
   EXPECT_FALSE(widget.Print(pages));
   EXPECT_EQ(boxes.texts, (QStringList{"Object New Error", "Object New Error"}));
+}
+
+TEST_F(FailingPaint, LeavesNoEmptyPage) {
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter pages(&file);
+    const LargeAllocationFailure poor(kPoor);
+    EXPECT_FALSE(widget.Print(pages));
+  }
+  EXPECT_EQ(file.size(), 0);
+  QPdfWriter pages(&file);
+  EXPECT_TRUE(widget.Print(pages));
+  EXPECT_GT(file.size(), 0);
+}
+
+TEST_F(FailingPaint, ABoxThatComesMeanwhileDoesNotBringMore) {
+  // What covers a widget and goes away makes it paint.
+  boxes.whileOpen = [this] {
+    widget.repaint();
+    widget.repaint();
+  };
+  const LargeAllocationFailure poor(kPoor);
+  ::testing::internal::CaptureStderr();
+  ShowOnScreen(widget);
+  PaintOften();
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(boxes.texts, QStringList{"Object New Error"});
+}
+
+/// A program's own widget, whose painting fails with its view's.
+class OwnFailingWidget : public QWidget {
+ public:
+  OwnFailingWidget() : window(this), view(&window) { FillWithContours(view); }
+
+  CQtWnd window;
+  CChartView3D view;
+  int failures = 0;
+  int boxesWithin = 0;  ///< that were open when the painting was over
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    CQtDC dc(&painter);
+    try {
+      view.DrawViewScreen(&dc);
+    } catch (const CErr3D&) {
+      ++failures;
+    }
+    boxesWithin += QApplication::activeModalWidget() != nullptr ? 1 : 0;
+  }
+};
+
+TEST_F(QtMessageBox, AnOwnWidgetTellsOnceAfterItsPainting) {
+  OwnFailingWidget widget;
+  widget.resize(200, 150);
+  const auto paintOften = [&] {
+    for (int i = 0; i < 5; ++i) {
+      widget.update();
+      Wait(30);
+    }
+  };
+  {
+    const LargeAllocationFailure poor(kPoor);
+    ShowOnScreen(widget);
+    paintOften();
+  }
+  EXPECT_GE(widget.failures, 5);
+  EXPECT_EQ(widget.boxesWithin, 0);
+  EXPECT_EQ(boxes.texts, QStringList{"Object New Error"});
+
+  paintOften();
+  EXPECT_EQ(Screenshot(widget), OffscreenPicture(200, 150, FillWithContours));
+  widget.view.GetChart(0)->GetChartObj(0)->SetLineWidth(2);
+  const LargeAllocationFailure poor(kPoor);
+  paintOften();
+  EXPECT_EQ(boxes.texts, (QStringList{"Object New Error", "Object New Error"}));
+}
+
+/// Leaves its device context with the painter of its last paint event.
+class ForgetfulWidget : public QWidget {
+ public:
+  QString notice;  ///< comes up in the next paint events
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    m_dc.SetPainter(&painter);
+    if (!notice.isEmpty()) AfxMessageBox(notice.toUtf8().constData());
+  }
+
+ private:
+  CQtDC m_dc;
+};
+
+TEST_F(QtMessageBox, OutsideOfPaintingItIsShownAtOnce) {
+  auto first = std::make_unique<ForgetfulWidget>();
+  ForgetfulWidget second;
+  ShowOnScreen(*first);
+  ShowOnScreen(second);
+  AfxMessageBox("now");
+  EXPECT_EQ(boxes.texts, QStringList{"now"});
+  first.reset();
+  AfxMessageBox("and now");
+  EXPECT_EQ(boxes.texts, (QStringList{"now", "and now"}));
+  boxes.texts.clear();
+  second.notice = "later";
+  second.repaint();
+  EXPECT_EQ(boxes.texts, QStringList{});
+  Wait(100);
+  EXPECT_EQ(boxes.texts, QStringList{"later"});
+}
+
+TEST_F(QtMessageBox, ItsWindowMayBeDeletedMeanwhile) {
+  auto window = std::make_unique<QWidget>();
+  ShowOnScreen(*window);
+  ASSERT_EQ(QApplication::activeWindow(), window.get());
+  boxes.whileOpen = [&] { window.reset(); };
+  EXPECT_EQ(AfxMessageBox("gone"), IDOK);
+  EXPECT_EQ(AfxMessageBox("next"), IDOK);
+  EXPECT_EQ(boxes.texts, (QStringList{"gone", "next"}));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <QtGui/QPainter>
 
 #include "orvalix/qt/device_properties_internal.h"
-#include "orvalix/qt/held_notices_internal.h"
 #include "orvalix/qt/navigation_internal.h"
 #include "orvalix/qt/page_dc_internal.h"
 #include "orvalix/qt/qt_dc.h"
@@ -140,32 +139,59 @@ ViewPoint ChartWidget::ToPixels(const QPointF& position) const {
 ViewPoint ChartWidget::SizeInPixels() const { return ToPixels(QPointF(width(), height())); }
 
 void ChartWidget::EnablePainting(bool enable) {
+  if (enable == m_isPainting) return;
   m_isPainting = enable;
+  m_keptFrame = enable ? QImage() : CopyOfFrame();
   if (enable) update();
+}
+
+/// Null when the bitmap holds another picture, for example one for the clipboard.
+QImage ChartWidget::CopyOfFrame() const {
+  int width = 0;
+  int height = 0;
+  m_view->GetViewSize(width, height);
+  RECT client{};
+  m_window->GetClientRect(&client);
+  if (!m_wasPainted || width != client.right || height != client.bottom) return {};
+  QImage frame(width, height, QImage::Format_RGB32);
+  if (frame.isNull()) return {};
+  QPainter painter(&frame);
+  painter.fillRect(frame.rect(), palette().window());
+  CQtDC dc(&painter);
+  CDIBSection& bitmap = *m_view->GetDIBSection();
+  dc.BitBlt(0, 0, width, height, bitmap.GetTargetDC(), 0, bitmap.DIBHeight() - height, SRCCOPY);
+  painter.end();
+  frame.setDevicePixelRatio(devicePixelRatioF());
+  return frame;
 }
 
 void ChartWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (!m_isPainting) {
-    // What was painted before is still there.
-    if (!m_wasPainted) painter.fillRect(rect(), palette().window());
-    return;
+  if (m_isPainting) PaintView(painter);
+  if (!m_failure.isNull()) {
+    PaintFailure(painter);
+  } else if (m_isPainting) {
+    PaintRest(painter);
+  } else {
+    PaintKeptFrame(painter);
   }
+}
+
+void ChartWidget::PaintView(QPainter& painter) {
   m_wasPainted = true;
-  const orvalix::HeldNotices notices;
   m_dc->SetPainter(&painter);
   try {
     m_view->DrawViewScreen(m_dc.get());
     m_failure = QString();
   } catch (const CErr3D& error) {
-    Fail(MessageOf(error), !notices.First().isNull());
+    Fail(MessageOf(error));
   }
   m_dc->SetPainter(nullptr);
-  if (m_failure.isNull()) {
-    PaintRest(painter);
-  } else {
-    PaintFailure(painter);
-  }
+}
+
+void ChartWidget::PaintKeptFrame(QPainter& painter) const {
+  painter.fillRect(rect(), palette().window());
+  painter.drawImage(0, 0, m_keptFrame);
 }
 
 /// The view lies at the lower left; a widget that is larger than its bitmap has more.
@@ -187,13 +213,11 @@ void ChartWidget::PaintFailure(QPainter& painter) const {
                    tr("The chart can't be drawn: %1.").arg(m_failure));
 }
 
-void ChartWidget::Fail(const QString& message, bool isReported) {
-  if (m_failure == message) return;
+void ChartWidget::Fail(const QString& message) {
+  const bool isKnown = !m_failure.isNull();
   m_failure = message;
-  const auto tell = [this, message, isReported] {
-    emit drawingFailed(message);
-    if (isReported) AfxMessageBox(message.toUtf8().constData());
-  };
-  // A box within painting would wait for the painting to end.
+  if (isKnown) return;
+  // Who is told may open a box, which must not wait within painting.
+  const auto tell = [this, message] { emit drawingFailed(message); };
   QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }

@@ -96,9 +96,10 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   void KeepView();
   /// @}
 
-  /// Off, the widget keeps showing what it has painted last and doesn't touch its view, which may
-  /// then be used on another thread; the context must not be current here meanwhile
-  /// (COpenGL::MakeNonCurrent()), nor there afterwards. Default on.
+  /// Off, the widget keeps showing what it has painted last, in the upper left corner when it is
+  /// resized, and doesn't touch its view, which may then be used on another thread; the context
+  /// must not be current here meanwhile (COpenGL::MakeNonCurrent(), after this call), nor there
+  /// afterwards. Takes a copy of the picture until it is on again. Default on.
   void EnablePainting(bool enable);
 
   /// Puts the picture, of the bitmap's size, on the clipboard.
@@ -144,6 +145,8 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   orvalix::ViewPoint ToPixels(const QPointF& position) const;
   orvalix::ViewPoint SizeInPixels() const;
   void Changed();
+  void PaintView(QPainter& painter);
+  void PaintKeptFrame(QPainter& painter) const;
   void PaintRest(QPainter& painter) const;
   void PaintFailure(QPainter& painter) const;
   QImage CopyOfFrame() const;
@@ -167,6 +170,7 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   std::vector<int> m_draggedCharts;  ///< as Navigation::Charts
   bool m_isPainting = true;          ///< see EnablePainting()
   bool m_wasPainted = false;         ///< once at least
+  QImage m_keptFrame;                ///< shown while painting is off
   QString m_failure;                 ///< why painting fails; null while it doesn't
 };
 

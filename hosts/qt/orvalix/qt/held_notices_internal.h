@@ -2,27 +2,42 @@
 /// Failure notices that may not be shown at once.
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QPointer>
+
+class QWidget;
 
 namespace orvalix {
 
-/// While one lives, notices on the thread of the windows are kept instead of shown: a box that
-/// waits for its button in the middle of painting would paint again.
+/// Holds notices back that come up while a widget is painted: a box that waits for its button in
+/// the middle of painting would paint again, fail again, and open the next one. The first of them
+/// is shown once the painting is over, and none after it until that widget was painted without one.
+///
+/// On the thread of the windows only.
 class HeldNotices {
  public:
-  HeldNotices();
-  ~HeldNotices();
+  HeldNotices() = default;
+  ~HeldNotices() { End(); }
   HeldNotices(const HeldNotices&) = delete;
   HeldNotices& operator=(const HeldNotices&) = delete;
 
+  /// Holds notices until End(), or until the widget's paint event is over.
+  void Begin(QWidget& widget);
+  /// Does nothing when none are held.
+  void End();
+
   /// Keeps a notice. @return false when none are held
   static bool Take(const char* text);
-  /// The first one; null when there was none.
-  const QString& First() const { return m_first; }
 
  private:
-  HeldNotices* m_outer;  ///< held before this one
-  QString m_first;
+  bool IsPainting() const;
+  void Keep(const char* text);
+
+  static inline HeldNotices* s_innermost = nullptr;
+
+  QPointer<QWidget> m_widget;
+  HeldNotices* m_outer = nullptr;  ///< began before this one
+  bool m_isHolding = false;
+  bool m_hasFailed = false;  ///< since Begin()
 };
 
 }  // namespace orvalix

@@ -3,8 +3,11 @@
 #include <QtGui/QImage>
 #include <QtGui/QPagedPaintDevice>
 #include <QtGui/QPainter>
+#include <QtWidgets/QWidget>
+#include <new>
 
 #include "orvalix/qt/device_properties_internal.h"
+#include "orvalix/qt/held_notices_internal.h"
 
 namespace {
 
@@ -22,9 +25,23 @@ bool DrawsLater(const QPaintDevice& device) {
 
 CQtDC::CQtDC() : CQtDC(nullptr) {}
 
-CQtDC::CQtDC(QPainter* painter) : m_painter(painter) { CreateHostDC(); }
+CQtDC::CQtDC(QPainter* painter) : m_notices(new (std::nothrow) orvalix::HeldNotices) {
+  CreateHostDC();
+  SetPainter(painter);
+}
 
-void CQtDC::SetPainter(QPainter* painter) { m_painter = painter; }
+CQtDC::~CQtDC() = default;
+
+void CQtDC::SetPainter(QPainter* painter) {
+  m_painter = painter;
+  if (!m_notices) return;
+  QPaintDevice* const device = painter != nullptr ? painter->device() : nullptr;
+  if (device != nullptr && device->devType() == QInternal::Widget) {
+    m_notices->Begin(static_cast<QWidget&>(*device));
+  } else {
+    m_notices->End();
+  }
+}
 
 int CQtDC::GetDeviceCaps(int index) const {
   const QPaintDevice* const device = m_painter != nullptr ? m_painter->device() : nullptr;

@@ -4,22 +4,32 @@
 
 #include <orvalix/host/host.h>
 
+#include <memory>
+
 #include "orvalix/qt/export.h"
 
-class QPaintDevice;
 class QPainter;
+
+namespace orvalix {
+class HeldNotices;
+}
 
 /// Shows pictures through a QPainter: in a widget while it is being painted, in an image, or on the
 /// page of a printer or a PDF file.
 ///
 /// Coordinates are pixels of the device from the painter's origin: a widget on a screen with a
 /// device pixel ratio of 2 has twice as many of them as Qt counts.
+///
+/// A failure notice (AfxMessageBox()) that comes up in the paint event of a widget, while one of
+/// these has a painter of that widget, is shown once that event is over, and not again until the
+/// widget was painted without one: a box within painting would paint again and never end.
 class ORVALIX_QT_API CQtDC : public CDC {
  public:
   /// Draws nothing until SetPainter().
   CQtDC();
   /// @param painter active and not owned; must outlive its use here
   explicit CQtDC(QPainter* painter);
+  ~CQtDC() override;
 
   /// Exchanges the painter. A device context that stays lets repeated pictures use the same memory.
   /// @param painter active and not owned; null for none
@@ -36,5 +46,6 @@ class ORVALIX_QT_API CQtDC : public CDC {
                 int strideBytes) override;
 
  private:
-  QPainter* m_painter = nullptr;  ///< not owned
+  QPainter* m_painter = nullptr;                    ///< not owned
+  std::unique_ptr<orvalix::HeldNotices> m_notices;  ///< of the painter's widget
 };

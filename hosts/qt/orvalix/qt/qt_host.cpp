@@ -23,15 +23,19 @@ bool IsGuiThread() {
 
 int ShowMessage(const char* text) {
   static bool isShowing = false;  // touched by one thread only
-  if (!IsGuiThread() || isShowing) {
+  const bool isGuiThread = IsGuiThread();
+  if (isGuiThread && orvalix::HeldNotices::Take(text)) return IDOK;
+  if (!isGuiThread || isShowing) {
     std::fprintf(stderr, "%s\n", text);
     return IDOK;
   }
-  if (orvalix::HeldNotices::Take(text)) return IDOK;
   isShowing = true;
-  QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                  QString::fromUtf8(text), QMessageBox::Ok, QApplication::activeWindow());
-  box.exec();
+  // Its window may be deleted while it waits, and takes it along.
+  const QPointer<QMessageBox> box =
+      new QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                      QString::fromUtf8(text), QMessageBox::Ok, QApplication::activeWindow());
+  box->exec();
+  delete box;
   isShowing = false;
   return IDOK;
 }

@@ -10,7 +10,9 @@
 #include "orvalix/qt/export.h"
 
 /// A widget as the window of a view, for programs with a widget of their own; ChartWidget has one
-/// inside. In its paintEvent(), such a widget lets the view draw to a CQtDC over its QPainter.
+/// inside. In its paintEvent(), such a widget lets the view draw to a CQtDC over its QPainter, and
+/// catches CErr3D, as nothing may be thrown through Qt; the failure is told once, after the
+/// painting (see CQtDC).
 ///
 /// Sizes are pixels of the screen: with a device pixel ratio of 2, twice as many as Qt counts.
 class ORVALIX_QT_API CQtWnd : public CWnd {
