@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <memory>
 
 #include "orvalix/chart/chart_3d.h"

@@ -99,9 +99,8 @@ class ORVALIX_API CDC {
   /// Addition: shows a finished picture. Called for devices without pixels in memory; this one
   /// refuses.
   /// @param destination where to stretch it, in pixels of the device; may reach outside
-  /// @param bgra the top row's first byte: blue, green, red and 255 for each pixel; valid during
-  /// the
-  ///   call
+  /// @param bgra the top row's first byte: blue, green, red and 255 for each pixel; only valid
+  ///   during the call
   /// @param width, height pixels, 1 or more
   /// @param strideBytes from a row to the one below it
   /// @return FALSE when it could not be shown
@@ -112,8 +111,7 @@ class ORVALIX_API CDC {
   COLORREF GetPixel(int x, int y) const;
   /// Sets a pixel.
   /// @return the colour that it really has now; CLR_INVALID outside of the picture or without
-  /// pixels
-  ///   in memory
+  ///   pixels in memory
   COLORREF SetPixel(int x, int y, COLORREF color);
   /// Remembers a stretch mode, BLACKONWHITE to HALFTONE; all of them drop or repeat pixels.
   /// @return the mode before, at first BLACKONWHITE; 0 for an unknown mode or without a device

@@ -1,6 +1,5 @@
 #include "viewer/viewer_window.h"
 
-#include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QSettings>
 #include <QtGui/QActionGroup>
@@ -21,7 +20,6 @@ namespace {
 
 constexpr QSize kFirstSize(1024, 720);
 constexpr int kStatusGap = 8;
-constexpr double kZoomStep = 1.2;
 constexpr const char* kGeometryKey = "window/geometry";
 
 QLabel* NewHint() {
@@ -131,9 +129,10 @@ void ViewerWindow::MakeViewMenu() {
   menu.addSeparator();
   AddForChart(menu, tr("&Reset View"), QKeySequence(tr("Ctrl+0")),
               [this] { m_chart->ResetView(); });
-  AddForChart(menu, tr("Zoom &In"), QKeySequence::ZoomIn, [this] { m_chart->ZoomView(kZoomStep); });
+  AddForChart(menu, tr("Zoom &In"), QKeySequence::ZoomIn,
+              [this] { m_chart->ZoomView(ChartWidget::kZoomPerStep); });
   AddForChart(menu, tr("Zoom &Out"), QKeySequence::ZoomOut,
-              [this] { m_chart->ZoomView(1.0 / kZoomStep); });
+              [this] { m_chart->ZoomView(1.0 / ChartWidget::kZoomPerStep); });
   menu.addSeparator();
   QAction* const full = menu.addAction(
       tr("&Full Screen"), QKeySequence(tr("F11")), this,

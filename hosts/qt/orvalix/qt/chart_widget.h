@@ -60,6 +60,9 @@ class ORVALIX_QT_API ChartWidget : public QWidget {
   };
   Q_DECLARE_FLAGS(Interactions, Interaction)
 
+  /// How a step of the wheel, or a key, magnifies.
+  static constexpr double kZoomPerStep = 1.2;
+
   /// A view whose bitmap is as large as the largest screen, in its pixels, so that a window that
   /// fills a screen is filled. The bitmap never grows: what a still larger widget has in addition,
   /// at the top and at the right, is background. Printed and copied pictures have its size.

@@ -20,7 +20,6 @@ namespace {
 constexpr double kDegreesAcross = 180.0;  ///< turned by a drag over the whole widget
 constexpr double kDegreesPerKey = 5.0;
 constexpr double kShareMovedPerKey = 0.05;  ///< of the widget's size
-constexpr double kZoomPerStep = 1.2;        ///< of the wheel, or per key
 constexpr double kWheelStep = 120.0;        ///< eighths of a degree
 
 }  // namespace
