@@ -92,8 +92,15 @@ bool ViewerWindow::Open(const Document& document, const std::function<void(CChar
   }
 }
 
-void ViewerWindow::ShowChart(std::unique_ptr<ChartWidget> chart, const Document& document) {
+void ViewerWindow::SetDocument(const Document& document) {
   m_document = document;
+  setWindowTitle(QStringLiteral("%1[*]").arg(document.name));
+  setWindowFilePath(document.path);
+  MarkUnchanged();
+  UpdateGallery();
+}
+
+void ViewerWindow::ShowChart(std::unique_ptr<ChartWidget> chart, const Document& document) {
   m_planes = std::make_unique<AxesPlanes>(*chart->GetView());
   m_chart = chart.release();
   setCentralWidget(m_chart);
@@ -103,13 +110,16 @@ void ViewerWindow::ShowChart(std::unique_ptr<ChartWidget> chart, const Document&
     ShowFailure(tr("The chart can't be drawn: %1.").arg(message),
                 tr("Close other programs, or open another chart."));
   });
-  setWindowTitle(QStringLiteral("%1[*]").arg(document.name));
-  setWindowFilePath(document.path);
-  MarkUnchanged();
+  connect(m_chart, &ChartWidget::copyingFailed, this, [this](const QString& message) {
+    ShowFailure(tr("The picture could not be copied: %1.").arg(message),
+                tr("Close other programs and try again."));
+  });
+  SetDocument(document);
   for (QAction* action : m_chartActions) action->setEnabled(true);
   m_hint->show();
   UpdatePlanes();
-  UpdateStatus();
+  UpdateAngles();
+  UpdateSize();
 }
 
 bool ViewerWindow::OpenFile(const QString& path) {
@@ -135,12 +145,9 @@ bool ViewerWindow::SaveFile(const QString& path) {
                 AdviceOn(std::current_exception(), Purpose::kSaving));
     return false;
   }
-  m_document = {name, QFileInfo(path).absoluteFilePath()};
-  setWindowTitle(QStringLiteral("%1[*]").arg(name));
-  MarkUnchanged();
+  SetDocument({name, QFileInfo(path).absoluteFilePath()});
   RememberFolder(path);
   statusBar()->showMessage(tr("Saved %1.").arg(name), kMessageMilliseconds);
-  UpdateStatus();
   return true;
 }
 

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "orvalix/orvalix.h"
+#include "viewer/gallery_menu.h"
 
 namespace orvalix {
 namespace {
@@ -142,21 +143,12 @@ void ViewerWindow::MakeViewMenu() {
 
 void ViewerWindow::MakeGalleryMenu(QMenu& menu) {
   menu.setEnabled(!m_dataFolder.empty());
-  menu.setToolTipsVisible(true);
   m_exampleActions = new QActionGroup(this);
   m_exampleActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-  for (const examples::Example& example : examples::Examples()) {
-    QString name = QString::fromUtf8(example.name).replace('_', ' ');
-    name[0] = name[0].toUpper();
-    QAction* const action = menu.addAction(name, this, [this, &example] {
-      OpenExample(example);
-      UpdateStatus();
-    });
-    action->setToolTip(QString::fromUtf8(example.title));
-    action->setObjectName(QString::fromUtf8(example.name));
-    action->setCheckable(true);
-    m_exampleActions->addAction(action);
-  }
+  FillGalleryMenu(menu, *m_exampleActions, [this](const examples::Example& example) {
+    OpenExample(example);
+    UpdateGallery();
+  });
 }
 
 void ViewerWindow::MakePlanesMenu(QMenu& menu) {
@@ -221,7 +213,7 @@ void ViewerWindow::ShowFailure(const QString& what, const QString& advice) {
 
 void ViewerWindow::ChartTurned() {
   MarkChanges();
-  UpdateStatus();
+  UpdateAngles();
 }
 
 void ViewerWindow::PlanesSwitched() {
@@ -243,13 +235,14 @@ void ViewerWindow::MarkUnchanged() {
   setWindowModified(false);
 }
 
-void ViewerWindow::UpdateStatus() {
+void ViewerWindow::UpdateGallery() {
   for (QAction* action : m_exampleActions->actions()) {
     action->setChecked(m_document.path.isEmpty() && action->objectName() == m_document.name);
   }
-  if (m_chart == nullptr) return;
-  const CChartView3D& view = *m_chart->GetView();
-  const CChart3D* const chart = view.GetChart(0);
+}
+
+void ViewerWindow::UpdateAngles() {
+  const CChart3D* const chart = m_chart->GetView()->GetChart(0);
   const CTransform3D* const transform = chart != nullptr ? chart->GetTransform(0) : nullptr;
   if (transform == nullptr) {
     m_angles->clear();
@@ -263,9 +256,11 @@ void ViewerWindow::UpdateStatus() {
                           .arg(Degrees(rotation.z), Degrees(rotation.x))
                           .arg(zoom * 100.0, 0, 'f', 0));
   }
-  m_size->setText(tr("Picture size %1 \u00d7 %2")
-                      .arg(view.GetDIBSection()->DIBWidth())
-                      .arg(view.GetDIBSection()->DIBHeight()));
+}
+
+void ViewerWindow::UpdateSize() {
+  const CDIBSection& picture = *m_chart->GetView()->GetDIBSection();
+  m_size->setText(tr("Picture size %1 \u00d7 %2").arg(picture.DIBWidth()).arg(picture.DIBHeight()));
 }
 
 void ViewerWindow::UpdatePlanes() {

@@ -68,6 +68,7 @@ class ViewerWindow : public QMainWindow {
 
   bool Open(const Document& document, const std::function<void(CChartView3D&)>& fill);
   void ShowChart(std::unique_ptr<ChartWidget> chart, const Document& document);
+  void SetDocument(const Document& document);
   /// Runs work on the view of a chart on another thread.
   void WorkOnView(ChartWidget& chart, const QString& what,
                   const std::function<void(CChartView3D&)>& work);
@@ -85,7 +86,10 @@ class ViewerWindow : public QMainWindow {
   void PlanesSwitched();
   void MarkChanges();
   void MarkUnchanged();
-  void UpdateStatus();
+  void AcceptFile(QDropEvent& event) const;
+  void UpdateGallery();
+  void UpdateAngles();
+  void UpdateSize();
   void UpdatePlanes();
 
   std::string m_dataFolder;
