@@ -17,7 +17,6 @@
 namespace orvalix {
 namespace {
 
-constexpr int kMessageMilliseconds = 5000;
 constexpr const char* kFolderKey = "files/folder";
 
 /// The folder of the file opened or saved last.
@@ -28,6 +27,21 @@ void RememberFolder(const QString& path) {
 }
 
 CString FileName(const QString& path) { return QFile::encodeName(path).constData(); }
+
+/// The file that is chosen; empty when none is. Asks before one is replaced: a desktop's dialog may
+/// have asked before the suffix was added.
+QString AskForNewFile(QFileDialog& dialog) {
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString path = dialog.selectedFiles().constFirst();
+    if (!QFileInfo::exists(path)) return path;
+    const auto answer = QMessageBox::question(
+        &dialog, dialog.windowTitle(),
+        ViewerWindow::tr("%1 already exists. Replace it?").arg(QFileInfo(path).fileName()));
+    if (answer == QMessageBox::Yes) return path;
+  }
+  return {};
+}
 
 /// Draws a first frame, which takes longer than the ones after it, where nobody waits for it.
 void WarmUp(CChartView3D& view, int width, int height) {
@@ -197,8 +211,8 @@ bool ViewerWindow::SaveAs() {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix("chart");
   dialog.selectFile(QFileInfo(proposed).fileName());
-  if (dialog.exec() != QDialog::Accepted) return false;
-  return SaveFile(dialog.selectedFiles().constFirst());
+  const QString path = AskForNewFile(dialog);
+  return !path.isEmpty() && SaveFile(path);
 }
 
 void ViewerWindow::AskAndExport() {
@@ -216,7 +230,8 @@ void ViewerWindow::AskAndExport() {
     if (selected.isEmpty()) return;
     dialog.selectFile(QFileInfo(selected.constFirst()).completeBaseName() + '.' + suffix);
   });
-  if (dialog.exec() == QDialog::Accepted) ExportPicture(dialog.selectedFiles().constFirst());
+  const QString path = AskForNewFile(dialog);
+  if (!path.isEmpty()) ExportPicture(path);
 }
 
 }  // namespace orvalix

@@ -50,6 +50,9 @@ class ViewerWindow : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  /// For which the status bar tells of a success.
+  static constexpr int kMessageMilliseconds = 5000;
+
   struct Document {
     QString name;  ///< as the title says
     QString path;  ///< empty for charts of the gallery
@@ -76,6 +79,7 @@ class ViewerWindow : public QMainWindow {
   bool SaveAs();
   void AskAndOpen();
   void AskAndExport();
+  void Copy();
   void Print();
   void PreviewPrint();
   void PrintOn(QPrinter& printer);
