@@ -134,10 +134,10 @@ void ViewerWindow::MakeViewMenu() {
   AddForChart(menu, tr("Zoom &Out"), QKeySequence::ZoomOut,
               [this] { m_chart->ZoomView(1.0 / ChartWidget::kZoomPerStep); });
   menu.addSeparator();
-  QAction* const full = menu.addAction(
+  m_fullScreenAction = menu.addAction(
       tr("&Full Screen"), QKeySequence(tr("F11")), this,
       [this](bool on) { setWindowState(windowState().setFlag(Qt::WindowFullScreen, on)); });
-  full->setCheckable(true);
+  m_fullScreenAction->setCheckable(true);
 }
 
 void ViewerWindow::MakeGalleryMenu(QMenu& menu) {
@@ -270,6 +270,12 @@ void ViewerWindow::UpdatePlanes() {
   }
 }
 
+void ViewerWindow::changeEvent(QEvent* event) {
+  // Not only the action goes there and back: the window manager does, and the size of last time.
+  if (event->type() == QEvent::WindowStateChange) m_fullScreenAction->setChecked(isFullScreen());
+  QMainWindow::changeEvent(event);
+}
+
 void ViewerWindow::closeEvent(QCloseEvent* event) {
   if (m_isBusy || !MayLoseChart()) {
     event->ignore();
@@ -279,13 +285,24 @@ void ViewerWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
-void ViewerWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (!FileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+void ViewerWindow::dragEnterEvent(QDragEnterEvent* event) { AcceptFile(*event); }
+
+void ViewerWindow::dragMoveEvent(QDragMoveEvent* event) { AcceptFile(*event); }
+
+void ViewerWindow::AcceptFile(QDropEvent& event) const {
+  if (m_isBusy || FileIn(*event.mimeData()).isEmpty()) {
+    event.ignore();
+    return;
+  }
+  // Whoever proposes to move the file would delete it afterwards.
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
 }
 
 void ViewerWindow::dropEvent(QDropEvent* event) {
+  AcceptFile(*event);
+  if (!event->isAccepted()) return;
   const QString file = FileIn(*event->mimeData());
-  event->acceptProposedAction();
   // The program that the file was dragged from waits until this returns.
   QMetaObject::invokeMethod(
       this, [this, file] { OpenFile(file); }, Qt::QueuedConnection);

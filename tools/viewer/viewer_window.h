@@ -45,8 +45,10 @@ class ViewerWindow : public QMainWindow {
   bool IsChanged() const { return isWindowModified(); }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
  private:
@@ -105,6 +107,7 @@ class ViewerWindow : public QMainWindow {
   QList<QAction*> m_chartActions;                      ///< that need a chart
   std::array<QAction*, AxesPlanes::kPlanes> m_planeActions{};
   QActionGroup* m_exampleActions = nullptr;
+  QAction* m_fullScreenAction = nullptr;
   QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
   QLabel* m_angles = nullptr;
   QLabel* m_size = nullptr;
