@@ -8,17 +8,22 @@
 #include <memory>
 
 namespace orvalix {
+namespace {
+
+void Try(const std::function<void()>& work, std::exception_ptr& failure) {
+  try {
+    work();
+  } catch (...) {
+    failure = std::current_exception();
+  }
+}
+
+}  // namespace
 
 void RunInBackground(QWidget* parent, const QString& what, const std::function<void()>& work) {
   constexpr int kPatienceMilliseconds = 500;
   std::exception_ptr failure;
-  const std::unique_ptr<QThread> thread(QThread::create([&] {
-    try {
-      work();
-    } catch (...) {
-      failure = std::current_exception();
-    }
-  }));
+  const std::unique_ptr<QThread> thread(QThread::create([&] { Try(work, failure); }));
   QProgressDialog progress(what, QString(), 0, 0, parent);
   progress.setWindowModality(Qt::WindowModal);
   progress.setMinimumDuration(kPatienceMilliseconds);
@@ -28,8 +33,14 @@ void RunInBackground(QWidget* parent, const QString& what, const std::function<v
   QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   thread->start();
-  loop.exec(QEventLoop::ExcludeUserInputEvents);
-  thread->wait();
+  const bool hasStarted = thread->isRunning() || thread->isFinished();
+  if (hasStarted) {
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    thread->wait();
+  } else {
+    // Of a thread that there was no room for, nothing would ever be heard.
+    Try(work, failure);
+  }
   QGuiApplication::restoreOverrideCursor();
   if (failure) std::rethrow_exception(failure);
 }

@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr const char* kListOfExamples = "list";  ///< in place of an example's name
+
 struct Options {
   explicit Options(QCommandLineParser& parser)
       : example("example",
@@ -69,6 +71,12 @@ void SetNames() {
   QCoreApplication::setApplicationVersion(ORVALIX_VERSION);
 }
 
+QStringList Arguments(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  return arguments;
+}
+
 /// True for arguments that are answered on a terminal, without a display.
 bool IsAnsweredHere(int argc, char** argv) {
   return std::any_of(argv + 1, argv + argc, [](const char* argument) {
@@ -89,8 +97,7 @@ int main(int argc, char** argv) {
     parser.process(application);
     return 0;
   }
-  if (argc == 3 && std::string_view(argv[1]) == "--example" &&
-      std::string_view(argv[2]) == "list") {
+  if (parser.parse(Arguments(argc, argv)) && parser.value(options.example) == kListOfExamples) {
     return ListExamples();
   }
 
