@@ -5,7 +5,6 @@
 #include <QtGui/QPdfWriter>
 #include <QtWidgets/QMessageBox>
 #include <thread>
-#include <vector>
 
 #include "orvalix/qt/qt_dc.h"
 #include "orvalix/qt/qt_host.h"
@@ -98,23 +97,6 @@ TEST_F(QtMessageBox, OtherThreadsWrite) {
   std::thread([] { EXPECT_EQ(AfxMessageBox("from elsewhere"), IDOK); }).join();
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "from elsewhere\n");
   EXPECT_EQ(boxes.texts, QStringList{});
-}
-
-constexpr std::size_t kPoor = 200000;  ///< bytes that one allocation may ask for
-
-/// Contour lines whose colours take more than that in every frame.
-void FillWithContours(CChartView3D& view) {
-  constexpr int kLines = 10000;
-  CTransform3D* transform = nullptr;
-  CChart3D* chart = view.NewChart3D({0, 0, 0, 0}, {1, 1, 1, 0}, &transform);
-  CPolysurface surface;
-  const double heights[] = {0.0, 0.2, 0.4, 0.6};
-  surface.CreatePolysurfaceEvenGrid(2, 2, 0.0, 0.0, 1.0, 1.0, heights, 1);
-  const std::vector<double> levels(kLines, 0.5);
-  const std::vector<RGBDType> colors(kLines + 1, SetRGBD(1, 0, 0, 1));
-  chart->NewChartObj(transform)->ContourPolysurface3D(&surface, levels.data(), colors.data(),
-                                                      kLines, 0.0, 0);
-  chart->GetChartObj(0)->SetLineWidth(0);
 }
 
 /// A chart that can't be painted while memory is scarce.

@@ -13,7 +13,9 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
+#include <cstddef>
 #include <functional>
+#include <vector>
 
 #include "orvalix/orvalix.h"
 #include "orvalix/qt/chart_widget.h"
@@ -102,6 +104,23 @@ inline void FillWithBars(CChartView3D& view) {
   chart->NewChartObj(transform)->BarChart25D(month, sales, 0.0, 0.5, 4, 0.8, 0.5,
                                              SetRGBD(0.2, 0.5, 0.9, 1.0),
                                              SetRGBD(0.1, 0.1, 0.1, 1.0), 1, 1, 0);
+}
+
+inline constexpr std::size_t kPoor = 200000;  ///< bytes that one allocation may ask for
+
+/// Contour lines whose colours take more than that in every frame.
+inline void FillWithContours(CChartView3D& view) {
+  constexpr int kLines = 10000;
+  CTransform3D* transform = nullptr;
+  CChart3D* chart = view.NewChart3D({0, 0, 0, 0}, {1, 1, 1, 0}, &transform);
+  CPolysurface surface;
+  const double heights[] = {0.0, 0.2, 0.4, 0.6};
+  surface.CreatePolysurfaceEvenGrid(2, 2, 0.0, 0.0, 1.0, 1.0, heights, 1);
+  const std::vector<double> levels(kLines, 0.5);
+  const std::vector<RGBDType> colors(kLines + 1, SetRGBD(1, 0, 0, 1));
+  chart->NewChartObj(transform)->ContourPolysurface3D(&surface, levels.data(), colors.data(),
+                                                      kLines, 0.0, 0);
+  chart->GetChartObj(0)->SetLineWidth(0);
 }
 
 /// The rotation of the first transform of a view's first chart.

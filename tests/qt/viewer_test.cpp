@@ -1,101 +1,19 @@
 #include "viewer/viewer_window.h"
 
 #include <QtCore/QMimeData>
-#include <QtCore/QSettings>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QDropEvent>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QFileDialog>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QProgressDialog>
-#include <QtWidgets/QStatusBar>
 
-#include "qt/qt_fixture.h"
-#include "viewer/background_work.h"
+#include "qt/viewer_fixture.h"
+#include "support/allocation_failure.h"
 
 namespace {
 
 using namespace orvalix::test;
 using orvalix::ViewerWindow;
-
-/// Answers the dialogs that come up, each with its next answer, and takes down what they said.
-class Dialogs {
- public:
-  Dialogs() {
-    m_timer.callOnTimeout([this] { Answer(); });
-    m_timer.start(20);
-  }
-
-  QStringList said;
-  QList<QMessageBox::StandardButton> answers;  ///< Ok when there are no more
-
- private:
-  void Answer() {
-    QWidget* const dialog = QApplication::activeModalWidget();
-    if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
-      said << box->text() + ' ' + box->informativeText();
-      const auto answer = answers.isEmpty() ? QMessageBox::Ok : answers.takeFirst();
-      ASSERT_NE(box->button(answer), nullptr) << said.last().toStdString();
-      box->button(answer)->click();
-    } else if (auto* const files = qobject_cast<QFileDialog*>(dialog)) {
-      if (files == m_accepted) return;
-      m_accepted = files;
-      said << files->windowTitle();
-      QMetaObject::invokeMethod(files, "accept", Qt::QueuedConnection);
-    }
-  }
-
-  QTimer m_timer;
-  QPointer<QFileDialog> m_accepted;  ///< with the name that it proposes
-};
-
-class Viewer : public ::testing::Test {
- protected:
-  Viewer() : window(std::make_unique<ViewerWindow>(ORVALIX_DATA_FOLDER)) {
-    CErr3D::SetErrorReportMode(0);
-    QSettings().clear();
-    ShowOnScreen(*window);
-  }
-
-  QString Path(const QString& name) const { return folder.filePath(name); }
-  /// A file with the bars of the other tests.
-  QString BarsFile() const {
-    CWnd canvas;
-    canvas.CreateOffscreen(20, 20);
-    CChartView3D view(&canvas);
-    FillWithBars(view);
-    view.Save(QFile::encodeName(Path("bars.chart")).constData());
-    return Path("bars.chart");
-  }
-  QString Status() const {
-    QStringList texts;
-    for (const QLabel* label : window->statusBar()->findChildren<QLabel*>()) texts << label->text();
-    return texts.join('|');
-  }
-  QAction* ActionNamed(const QString& text) const {
-    for (QAction* action : window->findChildren<QAction*>()) {
-      if (action->text() == text) return action;
-    }
-    ADD_FAILURE() << "no action " << text.toStdString();
-    return nullptr;
-  }
-  static const examples::Example& ExampleNamed(const std::string& name) {
-    for (const examples::Example& example : examples::Examples()) {
-      if (example.name == name) return example;
-    }
-    ADD_FAILURE() << "no example " << name;
-    return examples::Examples().front();
-  }
-
-  QTemporaryDir folder;
-  Dialogs dialogs;
-  std::unique_ptr<ViewerWindow> window;
-};
 
 TEST_F(Viewer, OpensAChartFile) {
   EXPECT_EQ(window->GetChart(), nullptr);
@@ -153,6 +71,24 @@ TEST_F(Viewer, ShowsChartsOfTheGallery) {
   EXPECT_TRUE(ActionNamed("Ranges")->isChecked());
 }
 
+// On a screen of 768 pixels, with a line of 22 pixels for each chart: 34 and no more.
+TEST_F(Viewer, TheGallerysMenusFitOnASmallScreen) {
+  QMenu* gallery = nullptr;
+  for (QMenu* menu : window->findChildren<QMenu*>()) {
+    if (menu->title() == "&Gallery") gallery = menu;
+  }
+  ASSERT_NE(gallery, nullptr);
+  std::size_t charts = 0;
+  for (const QAction* kind : gallery->actions()) {
+    ASSERT_NE(kind->menu(), nullptr) << kind->text().toStdString();
+    EXPECT_LE(kind->menu()->actions().size(), 12) << kind->text().toStdString();
+    EXPECT_GE(kind->menu()->actions().size(), 2) << kind->text().toStdString();
+    charts += static_cast<std::size_t>(kind->menu()->actions().size());
+  }
+  EXPECT_LE(gallery->actions().size(), 12);
+  EXPECT_EQ(charts, examples::Examples().size());
+}
+
 TEST_F(Viewer, AGalleryWithoutDataSaysSo) {
   ViewerWindow poor(folder.path().toStdString());
   EXPECT_FALSE(poor.OpenExample(ExampleNamed("bar_rows")));
@@ -188,11 +124,93 @@ TEST_F(Viewer, ExportsPictures) {
   EXPECT_EQ(Screenshot(chart), OffscreenPicture(chart.width(), chart.height(), FillWithBars));
 }
 
+TEST_F(Viewer, ExportsInTheFormatThatIsChosen) {
+  OpenBars();
+  dialogs.fileAnswers.emplace_back([](QFileDialog& files) {
+    EXPECT_TRUE(files.selectedFiles().constFirst().endsWith("bars.png"));
+    auto* const formats = files.findChild<QComboBox*>("fileTypeCombo");
+    ASSERT_NE(formats, nullptr);
+    formats->setCurrentIndex(1);
+    emit formats->activated(1);
+    emit formats->textActivated(formats->currentText());
+    EXPECT_TRUE(files.selectedFiles().constFirst().endsWith("bars.bmp"))
+        << files.selectedFiles().constFirst().toStdString();
+    Dialogs::Accept(files);
+  });
+  ActionNamed("&Export Picture\u2026")->trigger();
+  EXPECT_FALSE(QImage(Path("bars.bmp"), "BMP").isNull());
+  // Without a suffix it is the format's.
+  dialogs.fileAnswers.emplace_back([](QFileDialog& files) { Dialogs::Accept(files, "other"); });
+  ActionNamed("&Export Picture\u2026")->trigger();
+  EXPECT_FALSE(QImage(Path("other.png"), "PNG").isNull());
+  EXPECT_EQ(dialogs.said, (QStringList{"Export Picture", "Export Picture"}));
+}
+
+TEST_F(Viewer, AsksBeforeAFileIsReplacedThatGetsItsSuffix) {
+  OpenBars();
+  QFile kept(Path("kept.chart"));
+  ASSERT_TRUE(kept.open(QIODevice::WriteOnly));
+  kept.write("something");
+  kept.close();
+  const auto type = [](QFileDialog& files) { Dialogs::Accept(files, "kept"); };
+  dialogs.fileAnswers = {type, [](QFileDialog& files) { files.reject(); }};
+  dialogs.answers = {QMessageBox::No};
+  ActionNamed("Save &As\u2026")->trigger();
+  EXPECT_EQ(dialogs.said, (QStringList{"Save Chart File", "kept.chart already exists. Replace it? ",
+                                       "Save Chart File"}));
+  EXPECT_EQ(QFileInfo(kept).size(), 9);
+  EXPECT_EQ(window->windowTitle(), "bars.chart[*]");
+
+  dialogs.fileAnswers = {type};
+  dialogs.answers = {QMessageBox::Yes};
+  ActionNamed("Save &As\u2026")->trigger();
+  EXPECT_GT(QFileInfo(Path("kept.chart")).size(), 9);
+  EXPECT_EQ(window->windowTitle(), "kept.chart[*]");
+  EXPECT_EQ(window->windowFilePath(), Path("kept.chart"));
+}
+
 TEST_F(Viewer, CopiesThePicture) {
   ASSERT_TRUE(window->OpenFile(BarsFile()));
   ActionNamed("&Copy Picture")->trigger();
+  EXPECT_EQ(window->statusBar()->currentMessage(), "The picture is on the clipboard.");
   EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
             OffscreenPicture(1280, 1024, FillWithBars));
+}
+
+TEST_F(Viewer, SaysThatItCouldNotCopy) {
+  OpenBars();
+  OpenClipboard(nullptr);
+  ActionNamed("&Copy Picture")->trigger();
+  CloseClipboard();
+  EXPECT_EQ(dialogs.said,
+            QStringList{"The picture could not be copied: The clipboard doesn't take the picture. "
+                        "Close other programs and try again."});
+  EXPECT_NE(window->statusBar()->currentMessage(), "The picture is on the clipboard.");
+}
+
+TEST_F(Viewer, SaysOnceThatAChartCannotBeDrawn) {
+  OpenBars();
+  FillWithContours(*window->GetChart()->GetView());
+  const LargeAllocationFailure poor(kPoor);
+  for (int i = 0; i < 5; ++i) {
+    window->GetChart()->update();
+    Wait(50);
+  }
+  EXPECT_EQ(dialogs.said, QStringList{"The chart can't be drawn: Object New Error. "
+                                      "Close other programs, or open another chart."});
+}
+
+TEST_F(Viewer, ChartsWithoutAxesHaveNoPlanes) {
+  CWnd canvas;
+  canvas.CreateOffscreen(20, 20);
+  CChartView3D view(&canvas);
+  view.NewChart3D();
+  view.Save(QFile::encodeName(Path("plain.chart")).constData());
+  ASSERT_TRUE(window->OpenFile(Path("plain.chart")));
+  EXPECT_FALSE(ActionNamed("&Floor (x-y)")->isEnabled());
+  EXPECT_FALSE(ActionNamed("R&ight Wall (y-z)")->isEnabled());
+  OpenBars();
+  EXPECT_TRUE(ActionNamed("&Floor (x-y)")->isEnabled());
 }
 
 TEST_F(Viewer, SwitchesPlanes) {
@@ -248,7 +266,7 @@ TEST_F(Viewer, AsksBeforeChangesAreLost) {
   EXPECT_TRUE(window->close());
   ASSERT_EQ(dialogs.said.size(), 3);
   EXPECT_EQ(dialogs.said[1], "Save Chart File");
-  EXPECT_TRUE(dialogs.said[2].contains("already exists")) << dialogs.said[2].toStdString();
+  EXPECT_EQ(dialogs.said[2], "bars.chart already exists. Replace it? ");
   ASSERT_TRUE(window->OpenFile(Path("bars.chart")));
   EXPECT_EQ(RotationOf(*window->GetChart()).z, 3.0);
 }
@@ -268,6 +286,63 @@ TEST_F(Viewer, RemembersItsSize) {
   EXPECT_TRUE(window->close());
   const ViewerWindow next(ORVALIX_DATA_FOLDER);
   EXPECT_EQ(next.size(), QSize(700, 500));
+}
+
+TEST_F(Viewer, FullScreenGoesThereAndBack) {
+  QAction* const full = ActionNamed("&Full Screen");
+  EXPECT_FALSE(full->isChecked());
+  full->trigger();
+  EXPECT_TRUE(window->isFullScreen());
+  EXPECT_TRUE(full->isChecked());
+  window->setWindowState(window->windowState().setFlag(Qt::WindowFullScreen, false));
+  EXPECT_FALSE(full->isChecked());
+
+  full->trigger();
+  EXPECT_TRUE(window->close());
+  window = std::make_unique<ViewerWindow>(ORVALIX_DATA_FOLDER);
+  ASSERT_TRUE(window->isFullScreen());
+  EXPECT_TRUE(ActionNamed("&Full Screen")->isChecked());
+  ActionNamed("&Full Screen")->trigger();
+  EXPECT_FALSE(window->isFullScreen());
+}
+
+TEST_F(Viewer, WaitsWithClosingAndDropsWhileItWorks) {
+  const QString path = BarsFile();
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path)});
+  bool wasAsked = false;
+  QTimer::singleShot(0, window.get(), [&] {
+    wasAsked = true;
+    EXPECT_EQ(window->GetChart(), nullptr);
+    EXPECT_FALSE(window->close());
+    QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+    QDropEvent drop(QPointF(100, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_FALSE(drop.isAccepted());
+  });
+  EXPECT_TRUE(window->OpenFile(path));
+  EXPECT_TRUE(wasAsked);
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_TRUE(window->close());
+}
+
+// Whoever offers to move a file deletes it once it has been taken.
+TEST_F(Viewer, CopiesWhatIsToBeMoved) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(BarsFile())});
+  const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+  QDragEnterEvent enter(QPoint(100, 100), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QDragMoveEvent move(QPoint(110, 100), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QDropEvent drop(QPointF(110, 100), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  for (QDropEvent* event : std::initializer_list<QDropEvent*>{&enter, &move, &drop}) {
+    event->setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(window.get(), event);
+    EXPECT_TRUE(event->isAccepted());
+    EXPECT_EQ(event->dropAction(), Qt::CopyAction);
+  }
+  EXPECT_TRUE(WaitUntil([&] { return window->GetChart() != nullptr; }));
 }
 
 TEST_F(Viewer, OpensWhatIsDropped) {
@@ -301,98 +376,6 @@ TEST_F(Viewer, ShowsAnglesWhileItIsTurnedByTheMouse) {
                             .split(' '));
   Wait(50);
   EXPECT_NE(Status(), before);
-}
-
-/// Whether a box told of progress while work ran.
-bool ShowsProgress(unsigned long milliseconds) {
-  bool seen = false;
-  QTimer watcher;
-  watcher.callOnTimeout([&] {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* const box = qobject_cast<QProgressDialog*>(widget);
-      if (box != nullptr && box->isVisible()) seen = box->labelText() == "Working";
-    }
-  });
-  watcher.start(10);
-  bool done = false;
-  orvalix::RunInBackground(nullptr, "Working", [&] {
-    QThread::msleep(milliseconds);
-    done = true;
-  });
-  EXPECT_TRUE(done);
-  return seen;
-}
-
-TEST(BackgroundWork, ShowsProgressAfterHalfASecond) {
-  EXPECT_FALSE(ShowsProgress(50));
-  EXPECT_TRUE(ShowsProgress(1200));
-}
-
-TEST(BackgroundWork, HandsFailuresOn) {
-  EXPECT_THROW(orvalix::RunInBackground(nullptr, "Working", [] { throw std::runtime_error("x"); }),
-               std::runtime_error);
-}
-
-// The program itself, on a display and without one.
-
-QProcess& Start(QProcess& program, const QStringList& arguments) {
-  program.start(ORVALIX_VIEWER, arguments);
-  return program;
-}
-
-TEST(ViewerProgram, AnswersWithoutADisplay) {
-  struct Case {
-    QStringList arguments;
-    const char* answer;
-  };
-  for (const Case& one : {Case{{"--help"}, "Shows a chart file"}, Case{{"--version"}, "1.0.0"},
-                          Case{{"--example", "list"}, "surface"}}) {
-    QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("DISPLAY");
-    program.setProcessEnvironment(environment);
-    Start(program, one.arguments).waitForFinished();
-    EXPECT_EQ(program.exitCode(), 0) << one.answer;
-    EXPECT_TRUE(program.readAllStandardOutput().contains(one.answer)) << one.answer;
-  }
-}
-
-TEST(ViewerProgram, RefusesWhatItDoesNotKnow) {
-  for (const QStringList& arguments :
-       {QStringList{"--example", "nothing"}, QStringList{"a", "b"}, QStringList{"--nonsense"}}) {
-    QProcess program;
-    Start(program, arguments).waitForFinished();
-    EXPECT_NE(program.exitCode(), 0) << arguments.join(' ').toStdString();
-    EXPECT_FALSE(program.readAllStandardError().isEmpty());
-  }
-}
-
-TEST(ViewerProgram, ShowsTheFileThatItWasGiven) {
-  if (!IsInstalled("xdotool")) GTEST_SKIP() << "there is no xdotool";
-  QTemporaryDir folder;
-  CWnd canvas;
-  canvas.CreateOffscreen(20, 20);
-  CChartView3D view(&canvas);
-  view.EnableBorder(0);
-  CChart3D* chart = view.NewChart3D();
-  chart->EnableBorder(0);
-  chart->SetChartBkColor(SetRGBD(0.0, 0.0, 1.0, 1.0));
-  const QString path = folder.filePath("blue.chart");
-  view.Save(QFile::encodeName(path).constData());
-  QProcess program;
-  Start(program, {path});
-  const auto middle = [] {
-    const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-    return screen.pixelColor(400, 400);
-  };
-  EXPECT_TRUE(WaitUntil([&] { return middle() == QColor(0, 0, 255); }));
-  // It has a window of that name, and closes when it is asked to.
-  const QByteArray window = RunProgram("xdotool", {"search", "--name", "blue.chart"}).trimmed();
-  EXPECT_FALSE(window.isEmpty());
-  RunProgram("xdotool", {"mousemove", "400", "400", "click", "1", "key", "ctrl+q"});
-  EXPECT_TRUE(WaitUntil([&] { return program.state() == QProcess::NotRunning; }));
-  EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(program.exitCode(), 0);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 
-#include "orvalix/orvalix.h"
+#include "viewer/page_fit.h"
 #include "viewer/viewer_window.h"
 
 namespace orvalix {
@@ -35,7 +35,7 @@ void ViewerWindow::PreviewPrint() {
 }
 
 void ViewerWindow::PrintOn(QPrinter& printer) {
-  m_chart->GetView()->SetPrintScaleMode(m_printScaleMode);
+  SetPrintedSize(*m_chart->GetView(), printer, m_printedSize);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const bool isPrinted = m_chart->Print(printer);
   QGuiApplication::restoreOverrideCursor();

@@ -98,15 +98,13 @@ void ViewerWindow::MakeFileMenu() {
 }
 
 void ViewerWindow::MakePrintSizeMenu(QMenu& menu) {
-  constexpr int kFit = 1;
-  constexpr int kWholePage = 2;
   auto* const group = new QActionGroup(this);
-  for (const auto& [mode, text] :
-       {std::pair(kFit, tr("&Fit in Proportion")), std::pair(kWholePage, tr("Fill the &Page"))}) {
+  for (const auto& [size, text] : {std::pair(PrintedSize::kFit, tr("&Fit in Proportion")),
+                                   std::pair(PrintedSize::kWholePage, tr("Fill the &Page"))}) {
     QAction* const action =
-        menu.addAction(text, this, [this, mode = mode] { m_printScaleMode = mode; });
+        menu.addAction(text, this, [this, size = size] { m_printedSize = size; });
     action->setCheckable(true);
-    action->setChecked(mode == m_printScaleMode);
+    action->setChecked(size == m_printedSize);
     group->addAction(action);
   }
 }

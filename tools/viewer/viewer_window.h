@@ -12,6 +12,7 @@
 #include "orvalix/qt/chart_widget.h"
 #include "support/examples.h"
 #include "viewer/axes_planes.h"
+#include "viewer/page_fit.h"
 
 class QActionGroup;
 class QLabel;
@@ -111,7 +112,7 @@ class ViewerWindow : public QMainWindow {
   QLabel* m_hint = nullptr;  ///< what the mouse does with a chart
   QLabel* m_angles = nullptr;
   QLabel* m_size = nullptr;
-  int m_printScaleMode = 1;  ///< of the next printout: see CChartView3D::SetPrintScaleMode()
+  PrintedSize m_printedSize = PrintedSize::kFit;  ///< of the next printout
   bool m_isBusy = false;
 };
 
