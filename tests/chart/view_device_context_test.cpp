@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "chart/view_fixture.h"
+#include "orvalix/chart/header_3d.h"
 #include "support/allocation_failure.h"
 #include "support/caught_error.h"
 
@@ -53,6 +54,7 @@ class HostWindow : public CWnd {
   CDC* GetDC() override {
     if (refuses) return nullptr;
     ++borrowed;
+    ++lent;
     return &dc;
   }
   int ReleaseDC(CDC*) override {
@@ -63,6 +65,7 @@ class HostWindow : public CWnd {
   HostDC dc;
   bool refuses = false;
   int borrowed = 0;
+  int lent = 0;  ///< so far
 };
 
 TEST(ViewDeviceContext, DrawingNeedsTheWindows) {
@@ -155,6 +158,57 @@ TEST(ViewDeviceContext, AContextWithoutMemoryIsAClearError) {
     if (!isEarlier) break;
   }
   EXPECT_EQ(caught, (CaughtError{3, 6, "MakeCompatibleOpenGL"}));
+}
+
+// The header is made last: bitmap and rendering context are there.
+TEST(ViewDeviceContext, AHeaderWithoutMemoryIsAClearError) {
+  HostWindow window;
+  CChartView3D view(&window);
+  window.Show();
+  const CaughtError expected{3, 6, "InitChartView3D"};
+  {
+    const SizedAllocationFailure failure(sizeof(CHeader3D));
+    EXPECT_EQ(Catch([&] { view.DrawViewScreen(&window.dc); }), expected);
+    EXPECT_EQ(Catch([&] { const CChartView3D another(&window); }), expected);
+    EXPECT_EQ(window.borrowed, 0);
+  }
+  // The next drawing tries again.
+  view.EnableBorder(0);
+  view.SetViewBkColor(SetRGBD(0, 0, 1, 1));
+  view.DrawViewScreen(&window.dc);
+  EXPECT_EQ(window.dc.pixel, kBlue);
+  EXPECT_EQ(window.borrowed, 0);
+}
+
+/// What copying throws, while the window lends its device context and gets it back.
+CaughtError CopyOn(const HostWindow& window, CChartView3D& view) {
+  const int lentBefore = window.lent;
+  const CaughtError error = Catch([&] { view.CopyToClipboard(); });
+  EXPECT_EQ(window.lent, lentBefore + 1);
+  EXPECT_EQ(window.borrowed, 0);
+  return error;
+}
+
+TEST(ViewDeviceContext, IsGivenBackWhateverBecomesOfACopy) {
+  HostWindow window;
+  window.Show();
+  CChartView3D view(&window, 100, 60);
+  EXPECT_EQ(CopyOn(window, view), kNoError);
+
+  OpenClipboard(nullptr);
+  EXPECT_EQ(CopyOn(window, view), kNoError);
+  EmptyClipboard();
+  CloseClipboard();
+
+  {
+    const LargeAllocationFailure poor(10000);  // of a picture of 24000 bytes
+    EXPECT_EQ(CopyOn(window, view), (CaughtError{3, 6, "CopyToClipboard"}));
+  }
+
+  HostWindow later;
+  CChartView3D waiting(&later);
+  later.Show();
+  EXPECT_EQ(CopyOn(later, waiting), (CaughtError{8, 6, "CopyToClipboard"}));
 }
 
 }  // namespace

@@ -12,10 +12,12 @@ thread_local int allocationsUntilFailure = 0;  ///< 0 when none is to fail
 thread_local bool failsFromThen = false;
 thread_local bool hasFailed = false;
 thread_local std::size_t limit = std::numeric_limits<std::size_t>::max();
+thread_local std::size_t failingSize = std::numeric_limits<std::size_t>::max();
 thread_local std::size_t largest = 0;
 thread_local std::size_t total = 0;
 
-bool IsToFail() {
+bool IsToFail(std::size_t size) {
+  if (size > limit || size == failingSize) return true;
   if (hasFailed && failsFromThen) return true;
   if (allocationsUntilFailure == 0 || --allocationsUntilFailure > 0) return false;
   hasFailed = true;
@@ -25,7 +27,7 @@ bool IsToFail() {
 void* Allocate(std::size_t size) noexcept {
   largest = std::max(largest, size);
   total += size;
-  return size > limit || IsToFail() ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
+  return IsToFail(size) ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
 }
 
 void* AllocateOrThrow(std::size_t size) {
@@ -48,6 +50,12 @@ LargeAllocationFailure::LargeAllocationFailure(std::size_t bytes) { limit = byte
 
 LargeAllocationFailure::~LargeAllocationFailure() {
   limit = std::numeric_limits<std::size_t>::max();
+}
+
+SizedAllocationFailure::SizedAllocationFailure(std::size_t bytes) { failingSize = bytes; }
+
+SizedAllocationFailure::~SizedAllocationFailure() {
+  failingSize = std::numeric_limits<std::size_t>::max();
 }
 
 AllocationMeter::AllocationMeter() {

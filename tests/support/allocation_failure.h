@@ -38,6 +38,16 @@ class LargeAllocationFailure {
   LargeAllocationFailure& operator=(const LargeAllocationFailure&) = delete;
 };
 
+/// Lets allocations of this thread fail that ask for exactly so many bytes, while it lives: those
+/// of one class, where others have other sizes.
+class SizedAllocationFailure {
+ public:
+  explicit SizedAllocationFailure(std::size_t bytes);
+  ~SizedAllocationFailure();
+  SizedAllocationFailure(const SizedAllocationFailure&) = delete;
+  SizedAllocationFailure& operator=(const SizedAllocationFailure&) = delete;
+};
+
 /// Runs `work` with its first allocation failing, then with its second, until a run needs no more.
 /// @return how many allocations failed, one in each run
 template <class Work>
