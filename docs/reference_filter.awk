@@ -3,7 +3,8 @@
 #     them, share the comment of the first: setter and getter, number and element, overloads, a
 #     solid and a wire shape;
 #   - the functions of a group "Each is the one of the same name in CLASS." have the comments of
-#     that class.
+#     that class;
+#   - functions that Qt calls do what Qt says of them.
 # Here each gets its own, on the line on which it stands, so that the numbers of lines stay.
 
 # GetAxisEnable for "int GetAxisEnable(int axis) const;"
@@ -24,6 +25,7 @@ function subject_of(name) {
 }
 
 function comment_of(name, text) {
+  if (name ~ /(Event|izeHint)$/ && /override;/) return "As Qt says of QWidget, for the charts."
   if (group_class != "") return "@copydoc " group_class "::" name
   text = shared[subject_of(name)]
   # A getter is given less than its setter.

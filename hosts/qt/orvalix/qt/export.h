@@ -4,6 +4,8 @@
 
 #include <QtCore/qglobal.h>
 
+/// @def ORVALIX_QT_API
+/// Stands before what the library exports.
 #if defined(ORVALIX_QT_STATIC)
 #define ORVALIX_QT_API
 #elif defined(ORVALIX_QT_BUILDING)

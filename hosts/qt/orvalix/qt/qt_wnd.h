@@ -24,6 +24,7 @@ class ORVALIX_QT_API CQtWnd : public CWnd {
   explicit CQtWnd(QWidget* widget);
   ~CQtWnd() override;
 
+  /// The widget; null when there is none, or no longer.
   QWidget* GetWidget() const;
 
   /// (0, 0) to the widget's size in pixels of its screen.
