@@ -57,8 +57,10 @@ endfunction()
 
 # orvalix_add_test(<name> [LAYER <layer>] SOURCES <file>... [LIBRARIES <target>...])
 #
-# One GoogleTest program named test_<name>; each of its cases becomes one CTest test. It sees the
-# inside of a layer and of those below, or, without LAYER, what programs see: the library.
+# One GoogleTest program named test_<name>; each of its cases becomes one CTest test. Under the
+# sanitizers, where programs take longer to start than most cases do, they become a few of them
+# together. It sees the inside of a layer and of those below, or, without LAYER, what programs see:
+# the library.
 function(orvalix_add_test name)
   cmake_parse_arguments(TEST "" "LAYER" "SOURCES;LIBRARIES" ${ARGN})
   if(TEST_LAYER)
@@ -70,6 +72,18 @@ function(orvalix_add_test name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(test_${name} PRIVATE ${library} ${TEST_LIBRARIES} orvalix_options
                         GTest::gmock_main)
-  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 300 ENVIRONMENT "${ORVALIX_TEST_ENVIRONMENT}")
+  if(NOT ORVALIX_SANITIZE)
+    gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
+                         PROPERTIES TIMEOUT 300 ENVIRONMENT "${ORVALIX_TEST_ENVIRONMENT}")
+    return()
+  endif()
+  set(shards 4)
+  math(EXPR last "${shards} - 1")
+  foreach(shard RANGE ${last})
+    add_test(NAME test_${name}/${shard} COMMAND test_${name})
+    set_tests_properties(
+      test_${name}/${shard} PROPERTIES TIMEOUT 900
+      ENVIRONMENT
+      "${ORVALIX_TEST_ENVIRONMENT};GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}")
+  endforeach()
 endfunction()
