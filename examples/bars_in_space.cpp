@@ -55,8 +55,8 @@ void DrawBarsInSpace(CChartView3D& view, const std::string& data) {
   }
   const int labelled = axes->GetAxisNthTicMajor(2);
   for (const int plane : {1, 2}) axes->SetPlaneGrid(plane, 0, labelled, kLine, 2.0, 0, 0);
-  axes->SetAxisTitleString(0, "length, mm");
-  axes->SetAxisTitleString(1, "depth, mm");
+  axes->SetAxisTitleString(0, "length (mm)");
+  axes->SetAxisTitleString(1, "depth (mm)");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
   axes->SetAxisTitleString(2, "penguins");
 

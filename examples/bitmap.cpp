@@ -63,7 +63,7 @@ void DrawBitmap(CChartView3D& view, const std::string& data) {
   CAxes3D* axes = chart->AutoAxes(transform);
   axes->SetAxisTics(0, -180.0, 30.0, 4, 0.02, 0.03, 2);
   axes->SetAxisTitleString(0, "longitude");
-  axes->SetAxisTitleString(1, "depth, km");
+  axes->SetAxisTitleString(1, "depth (km)");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
   axes->SetAxisTitleString(2, "latitude");
   chart->NewDIBObj(transform, map.Path())

@@ -47,7 +47,7 @@ void DrawDropLines(CChartView3D& view, const std::string& data) {
   axes->EnableAxisLabelsStrings(0, 1);
   axes->SetAxisTitleString(1, "latitude");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
-  axes->SetAxisTitleString(2, "depth, km");
+  axes->SetAxisTitleString(2, "depth (km)");
 
   CLegend3D* legend = view.NewLegend3D();
   legend->SetLegendPosition({0.24, 0.84, 0.58, 0.06});

@@ -53,7 +53,7 @@ void DrawLogLog(CChartView3D& view, const std::string& data) {
   axes->SetPlaneGrid(2, 0, 1, kLine, 2.0, 0, 0);
   axes->SetAxisLabelsFormat(0, 3);  // 0.1, 1, 10: as short as can be
   axes->SetAxisLabelsDecimals(0, 3);
-  axes->SetAxisTitleString(0, "at least so much rain, mm");
+  axes->SetAxisTitleString(0, "at least so much rain (mm)");
   axes->SetAxisTitlePlane(0, 1);  // along its axis
   axes->SetAxisTitleString(2, "days");
 

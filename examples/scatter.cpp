@@ -38,11 +38,11 @@ void DrawScatter(CChartView3D& view, const std::string& data) {
   axes->SetAxisTics(0, 30.0, 2.0, 5, 0.02, 0.03, 2);
   axes->SetAxisTics(1, 12.0, 1.0, 5, 0.02, 0.03, 3);
   axes->SetAxisTics(2, 160.0, 4.0, 5, 0.01, 0.02, 0);
-  axes->SetAxisTitleString(0, "beak length, mm");
+  axes->SetAxisTitleString(0, "beak length (mm)");
   axes->SetAxisTitlePlane(0, 1);  // along its axis
-  axes->SetAxisTitleString(1, "beak depth, mm");
+  axes->SetAxisTitleString(1, "beak depth (mm)");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
-  axes->SetAxisTitleString(2, "flipper, mm");
+  axes->SetAxisTitleString(2, "flipper (mm)");
 
   CLegend3D* legend = view.NewLegend3D();
   legend->SetLegendPosition({0.25, 0.85, 0.52, 0.05});

@@ -49,11 +49,11 @@ void DrawScatterTexts(CChartView3D& view, const std::string& data) {
   axes->SetAxisTics(0, -30.0, 2.0, 5, 0.02, 0.03, 2);
   axes->SetAxisTics(1, -5.0, 1.0, 5, 0.02, 0.03, 3);
   axes->SetAxisTics(2, 0.0, 1.0, 5, 0.01, 0.02, 0);
-  axes->SetAxisTitleString(0, "lost, %");
+  axes->SetAxisTitleString(0, "lost (%)");
   axes->SetAxisTitlePlane(0, 1);  // along its axis
-  axes->SetAxisTitleString(1, "regained, %");
+  axes->SetAxisTitleString(1, "regained (%)");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
-  axes->SetAxisTitleString(2, "jobs, millions");
+  axes->SetAxisTitleString(2, "jobs (millions)");
 
   constexpr int kFloor = 0;
   const auto count = static_cast<int>(points.size());

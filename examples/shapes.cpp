@@ -49,11 +49,11 @@ void DrawShapes(CChartView3D& view, const std::string& data) {
   }
   axes->SetAxisTics(0, 0.0, 2.0, 5, 0.02, 0.03, 2);
   axes->SetAxisTics(1, 2.0, 0.2, 5, 0.02, 0.03, 3);
-  axes->SetAxisTitleString(0, "warmest hour, \260C");
+  axes->SetAxisTitleString(0, "warmest hour (\260C)");
   axes->SetAxisTitlePlane(0, 1);  // along its axis
-  axes->SetAxisTitleString(1, "  wind, m/s");
+  axes->SetAxisTitleString(1, "  wind (m/s)");
   axes->GetAxisLabels(1)->SetAxisTitleAutomatic(0);  // beside its labels, not centred on them
-  axes->SetAxisTitleString(2, "rain a day, mm");
+  axes->SetAxisTitleString(2, "rain a day (mm)");
 
   const std::vector<CString> names{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                    "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
@@ -70,9 +70,10 @@ void DrawShapes(CChartView3D& view, const std::string& data) {
     bubble->SetColor(BlueToRed(place.x / 30.0));
     CTextObj3D* name =
         chart->NewChartTextObj(transform, names[static_cast<std::size_t>(month - 1)]);
-    // Names stand above their bubbles; January, which has neighbours there, below.
-    const double up = 0.3 + 0.15 * std::cbrt(rainy);
-    name->SetLocation({place.x, place.y, place.z + (month == 1 ? -up : up), 0.0});
-    name->SetJustify(month == 11 ? 2 : 1, month == 1 ? 2 : 0);
+    // Names stand above their bubbles; in January and November others are there.
+    const double away = 0.3 + 0.15 * std::cbrt(rainy);
+    const double up = month == 11 ? 0.0 : month == 1 ? -away : away;
+    name->SetLocation({place.x - (month == 11 ? 2.0 : 0.0), place.y, place.z + up, 0.0});
+    name->SetJustify(month == 11 ? 2 : 1, month == 11 ? 1 : month == 1 ? 2 : 0);
   }
 }
