@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+#include "bench/replayed_picture.h"
 #include "orvalix/orvalix.h"
 
 namespace {
@@ -60,6 +61,23 @@ struct RawGeometry {
   std::vector<std::uint32_t> lines;
 };
 
+/// Clears the target of a scene, as a plain program does.
+void ClearTarget(Scene& scene) {
+  scene.view->GetOpenGLPntr()->MakeCurrent();
+  glViewport(0, 0, kWidth, kHeight);
+  glDisable(GL_SCISSOR_TEST);
+  glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+/// Reads the target back and copies it to the window.
+void ShowTarget(Scene& scene) {
+  scene.view->GetOpenGLPntr()->UpdateBitmap(kWidth, kHeight);
+  CDIBSection& dib = *scene.view->GetDIBSection();
+  scene.window.GetDC()->BitBlt(0, 0, kWidth, kHeight, dib.GetTargetDC(), 0,
+                               dib.DIBHeight() - kHeight, SRCCOPY);
+}
+
 /// A plain program: its own buffers in the context of a view.
 class RawScene {
  public:
@@ -89,11 +107,7 @@ class RawScene {
 
   void Draw() {
     COpenGL& context = Context();
-    context.MakeCurrent();
-    glViewport(0, 0, kWidth, kHeight);
-    glDisable(GL_SCISSOR_TEST);
-    glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    ClearTarget(m_scene);
     m_scene.transform->ChartTransform();
     glBindBuffer(GL_ARRAY_BUFFER, m_buffers[0]);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_buffers[1]);
@@ -114,10 +128,7 @@ class RawScene {
     glDisableClientState(GL_VERTEX_ARRAY);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
-    context.UpdateBitmap(kWidth, kHeight);
-    CDIBSection& dib = *m_scene.view->GetDIBSection();
-    m_scene.window.GetDC()->BitBlt(0, 0, kWidth, kHeight, dib.GetTargetDC(), 0,
-                                   dib.DIBHeight() - kHeight, SRCCOPY);
+    ShowTarget(m_scene);
   }
 
  private:
@@ -391,6 +402,47 @@ void RawTurned(benchmark::State& state) {
   }
 }
 
+/// What small charts draw, all of it, seen or not.
+const ScreenGeometry& ChartsOnScreen() {
+  static const ScreenGeometry geometry = [] {
+    Scene scene;
+    AddCharts(scene, 0);
+    scene.view->GetOpenGLPntr()->MakeCurrent();
+    return ScreenGeometry([&] { scene.view->DrawViewScreen(); }, kWidth, kHeight);
+  }();
+  return geometry;
+}
+
+void DrawReplayed(Scene& scene, const ReplayedPicture& picture) {
+  ClearTarget(scene);
+  picture.Draw();
+  ShowTarget(scene);
+}
+
+void RawFirstCharts(benchmark::State& state) {
+  ChartsOnScreen();
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto scene = std::make_unique<Scene>();
+    scene->view->GetOpenGLPntr()->MakeCurrent();
+    state.ResumeTiming();
+    auto picture = std::make_unique<ReplayedPicture>(ChartsOnScreen());
+    DrawReplayed(*scene, *picture);
+    state.PauseTiming();
+    picture.reset();
+    scene.reset();
+    state.ResumeTiming();
+  }
+}
+
+void RawTurnedCharts(benchmark::State& state) {
+  ChartsOnScreen();
+  Scene scene;
+  scene.view->GetOpenGLPntr()->MakeCurrent();
+  const ReplayedPicture picture(ChartsOnScreen());
+  for (auto _ : state) DrawReplayed(scene, picture);
+}
+
 void Measure(benchmark::internal::Benchmark* benchmark) {
   benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
 }
@@ -404,12 +456,22 @@ BENCHMARK(First<AddSurface>)->Apply(SurfaceSizes)->Apply(Measure);
 BENCHMARK(RawTurned<RawSurface>)->Apply(SurfaceSizes)->Apply(Measure);
 BENCHMARK(Turned<AddSurface>)->Apply(SurfaceSizes)->Apply(Measure);
 
+/// How time grows with the data.
+void GrowingSizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000)->Arg(5000000);
+}
+
+BENCHMARK(First<AddSurface>)->Name("GrowthFirst")->Apply(GrowingSizes)->Apply(Measure);
+BENCHMARK(Turned<AddSurface>)->Name("GrowthTurned")->Apply(GrowingSizes)->Apply(Measure);
+
 BENCHMARK(RawFirst<RawBars>)->Arg(40000)->Apply(Measure);
 BENCHMARK(First<AddBars>)->Arg(40000)->Apply(Measure);
 BENCHMARK(RawTurned<RawBars>)->Arg(40000)->Apply(Measure);
 BENCHMARK(Turned<AddBars>)->Arg(40000)->Apply(Measure);
 
+BENCHMARK(RawFirstCharts)->Name("RawFirst<RawCharts>")->Arg(4)->Apply(Measure);
 BENCHMARK(First<AddCharts>)->Arg(4)->Apply(Measure);
+BENCHMARK(RawTurnedCharts)->Name("RawTurned<RawCharts>")->Arg(4)->Apply(Measure);
 BENCHMARK(Turned<AddCharts>)->Arg(4)->Apply(Measure);
 
 BENCHMARK(RawFirst<RawCubes>)->Arg(100000)->Apply(Measure);
