@@ -55,6 +55,12 @@ function(orvalix_add_layer name)
   set_property(GLOBAL APPEND PROPERTY ORVALIX_LIBRARIES ${LAYER_LIBRARIES})
 endfunction()
 
+# orvalix_compile_quickly(<target>): without optimisation, which takes a third of the time. For tests:
+# what they test is optimised.
+function(orvalix_compile_quickly target)
+  target_compile_options(${target} PRIVATE -O0 -U_FORTIFY_SOURCE)
+endfunction()
+
 # orvalix_add_test(<name> [LAYER <layer>] SOURCES <file>... [LIBRARIES <target>...])
 #
 # One GoogleTest program named test_<name>; each of its cases becomes one CTest test. Under the
@@ -72,6 +78,7 @@ function(orvalix_add_test name)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(test_${name} PRIVATE ${library} ${TEST_LIBRARIES} orvalix_options
                         GTest::gmock_main)
+  orvalix_compile_quickly(test_${name})
   if(NOT ORVALIX_SANITIZE)
     gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 300 ENVIRONMENT "${ORVALIX_TEST_ENVIRONMENT}")
