@@ -99,9 +99,8 @@ class ReplayedPicture {
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
     glVertexPointer(3, GL_FLOAT, sizeof(ScreenGeometry::Vertex), nullptr);
-    glColorPointer(
-        3, GL_FLOAT, sizeof(ScreenGeometry::Vertex),
-        reinterpret_cast<const void*>(offsetof(ScreenGeometry::Vertex, color)));
+    glColorPointer(3, GL_FLOAT, sizeof(ScreenGeometry::Vertex),
+                   reinterpret_cast<const void*>(offsetof(ScreenGeometry::Vertex, color)));
     glEnable(GL_POLYGON_OFFSET_FILL);
     glDrawArrays(GL_TRIANGLES, 0, m_triangles);
     glDisable(GL_POLYGON_OFFSET_FILL);
