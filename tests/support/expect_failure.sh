@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# usage: expect_output.sh EXPECTED COMMAND...
+# usage: expect_failure.sh EXPECTED COMMAND...
 #
 # Passes when the command fails and its output, sorted, is exactly the text in the file EXPECTED.
 set -euo pipefail
