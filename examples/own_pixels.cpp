@@ -1,5 +1,6 @@
-/// A chart in memory that belongs to the program, without any toolkit: whatever can show pixels can
-/// show charts. Writes them to the standard output as a PPM picture.
+// Pixels of the program's own
+// A chart in memory that belongs to the program, without any toolkit: whatever can show pixels can
+// show charts. Writes them to the standard output as a PPM picture.
 
 #include <orvalix/orvalix.h>
 

@@ -1,4 +1,5 @@
-/// Measured values that arrive while they are shown: the window is redrawn 30 times a second.
+// Live data
+// Measured values that arrive while they are shown: the window is redrawn 30 times a second.
 
 #include <orvalix/orvalix.h>
 #include <orvalix/qt/chart_widget.h>

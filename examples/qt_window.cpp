@@ -1,5 +1,6 @@
-/// A chart in a window of Qt: turn it with the mouse, magnify it with the wheel, press the right
-/// button for a menu.
+// A window
+// A chart in a window of Qt: turn it with the mouse, magnify it with the wheel, press the right
+// button for a menu.
 
 #include <orvalix/orvalix.h>
 #include <orvalix/qt/chart_widget.h>
