@@ -102,7 +102,7 @@ class ShownProgram {
 TEST(ViewerProgram, ShowsTheFirstChartOfTheGallery) {
   if (!IsInstalled("xdotool")) GTEST_SKIP() << "there is no xdotool";
   const ShownProgram program({});
-  EXPECT_TRUE(ShownProgram::Shows("^first_chart"));
+  EXPECT_TRUE(ShownProgram::Shows("^auto_axes"));
 }
 
 TEST(ViewerProgram, ShowsTheChartOfTheGalleryThatItWasGiven) {

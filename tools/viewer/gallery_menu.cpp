@@ -15,7 +15,7 @@ struct Kind {
   const char* title;
 };
 
-constexpr std::array kKinds{Kind{"first_chart", "&Bars"},
+constexpr std::array kKinds{Kind{"auto_axes", "&Bars"},
                             Kind{"lines", "&Lines, Ribbons and Areas"},
                             Kind{"market", "&Markets and Statistics"},
                             Kind{"scatter", "&Points and Lines in Space"},

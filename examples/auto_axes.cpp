@@ -1,4 +1,4 @@
-// The first chart
+// Axes that suit the data
 // Electricity that Iowa generates from renewable sources: the chart chooses scales, tics and labels
 // by itself.
 
@@ -10,7 +10,7 @@
 #include "support/colors.h"
 #include "support/csv_table.h"
 
-void DrawFirstChart(CChartView3D& view, const std::string& data) {
+void DrawAutoAxes(CChartView3D& view, const std::string& data) {
   const examples::CsvTable table(data + "/electricity.csv");
   const std::vector<double> years = table.Column("year");
   const std::vector<double> output = table.Column("renewables_gwh");
