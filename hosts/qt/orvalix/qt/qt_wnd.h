@@ -6,6 +6,7 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
+#include <memory>
 
 #include "orvalix/qt/export.h"
 
