@@ -41,7 +41,8 @@ function(orvalix_add_layer name)
   cmake_parse_arguments(LAYER "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
   set(objects orvalix_${name}_objects)
   add_library(${objects} OBJECT ${LAYER_SOURCES})
-  set_target_properties(${objects} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  set_target_properties(${objects} PROPERTIES
+                        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_include_directories(${objects} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${objects} PRIVATE orvalix_options ${LAYER_LIBRARIES})
 
