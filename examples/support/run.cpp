@@ -20,6 +20,12 @@ void WritePicture(Draw draw, const std::string& data, const std::string& path) {
   orvalix::WritePng(orvalix::Halved(orvalix::TakePicture(view)), path);
 }
 
+std::string Describe(const CErr3D& error) {
+  const CString description = error.GetErrorDescription(error.GetErrorType());
+  const CString place = error.GetErrorLocation();
+  return std::string(description) + " in " + std::string(place);
+}
+
 int Run(int argc, char** argv, Draw draw) {
   if (argc < 2 || argc > 3) {
     std::cerr << "usage: " << argv[0] << " PICTURE.png [DATA_FOLDER]\n";
@@ -27,10 +33,8 @@ int Run(int argc, char** argv, Draw draw) {
   }
   try {
     WritePicture(draw, argc > 2 ? argv[2] : ORVALIX_DATA_FOLDER, argv[1]);
-  } catch (CErr3D& error) {  // every failure of the library
-    std::cerr << argv[0] << ": "
-              << static_cast<const char*>(error.GetErrorDescription(error.GetErrorType())) << " in "
-              << static_cast<const char*>(error.GetErrorLocation()) << "\n";
+  } catch (const CErr3D& error) {  // every failure of the library
+    std::cerr << argv[0] << ": " << Describe(error) << "\n";
     return 1;
   } catch (const std::exception& error) {
     std::cerr << argv[0] << ": " << error.what() << "\n";

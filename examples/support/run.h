@@ -5,6 +5,7 @@
 #include <string>
 
 class CChartView3D;
+class CErr3D;
 
 namespace examples {
 
@@ -18,6 +19,9 @@ inline constexpr int kHeight = 960;
 
 /// Writes a PNG file of what `draw` draws.
 void WritePicture(Draw draw, const std::string& data, const std::string& path);
+
+/// What a failure of the library was and where, for messages.
+std::string Describe(const CErr3D& error);
 
 /// The main function of an example: takes the picture's path, and the folder of the data if that
 /// isn't where it was when the program was built.

@@ -56,10 +56,8 @@ int main(int argc, char** argv) {
   }
   try {
     DrawGallery(argv[1], argc > 2 ? argv[2] : ORVALIX_DATA_FOLDER);
-  } catch (CErr3D& error) {
-    std::cerr << "orvalix_gallery: "
-              << static_cast<const char*>(error.GetErrorDescription(error.GetErrorType())) << " in "
-              << static_cast<const char*>(error.GetErrorLocation()) << "\n";
+  } catch (const CErr3D& error) {
+    std::cerr << "orvalix_gallery: " << examples::Describe(error) << "\n";
     return 1;
   } catch (const std::exception& error) {
     std::cerr << "orvalix_gallery: " << error.what() << "\n";
