@@ -19,7 +19,7 @@ using ::testing::HasSubstr;
 
 std::string PageOf(const std::vector<GalleryEntry>& entries) {
   std::ostringstream out;
-  orvalix::WritePage(out, entries, "int main();");
+  orvalix::WritePage(out, entries, {{.summary = "a & b", .program = "int main();"}});
   return out.str();
 }
 
@@ -41,7 +41,7 @@ TEST(GalleryPage, EscapesWhatHtmlReads) {
   EXPECT_THAT(page, HasSubstr("<h2>A &lt; B</h2>"));
   EXPECT_THAT(page, HasSubstr("<p>&quot;C&quot; &amp; D.</p>"));
   EXPECT_THAT(page, HasSubstr("#include &lt;e&gt;"));
-  EXPECT_THAT(page, HasSubstr("int main();"));
+  EXPECT_THAT(page, HasSubstr("<summary>a &amp; b</summary>\n<pre><code>int main();"));
 }
 
 TEST(GalleryPage, ShowsEveryExampleWithItsWholeProgram) {

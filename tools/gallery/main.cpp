@@ -26,6 +26,12 @@ constexpr const char* kHelp =
 
 const std::string kSources = ORVALIX_EXAMPLES_FOLDER;
 
+orvalix::SharedSource Shared(const std::string& name, const std::string& purpose) {
+  const std::string path = "/support/" + name;
+  return {.summary = "examples" + path + ": " + purpose,
+          .program = orvalix::ReadSource(kSources + path)};
+}
+
 /// Progress goes to the standard output, a line for each picture.
 void DrawGallery(const std::filesystem::path& folder, const std::string& data) {
   std::filesystem::create_directories(folder);
@@ -39,7 +45,9 @@ void DrawGallery(const std::filesystem::path& folder, const std::string& data) {
   }
   const std::filesystem::path path = folder / "index.html";
   std::ofstream page(path);
-  orvalix::WritePage(page, entries, orvalix::ReadSource(kSources + "/support/run.cpp"));
+  orvalix::WritePage(page, entries,
+                     {Shared("run.cpp", "a view that no window shows, and its picture"),
+                      Shared("colors.h", "colours"), Shared("csv_table.h", "tables of data")});
   if (!page.flush()) throw std::runtime_error("can't write " + path.string());
 }
 

@@ -91,10 +91,11 @@ std::string ReadSource(const std::string& path) {
 }
 
 void WritePage(std::ostream& out, const std::vector<GalleryEntry>& entries,
-               const std::string& main) {
+               const std::vector<SharedSource>& shared) {
   out << kHead << "<h1>ORVALIX gallery</h1>\n<p>" << entries.size()
-      << " pictures of real data, each with the program that drew it.</p>\n";
-  WriteProgram(out, "What all programs share: a view that no window shows, and its picture", main);
+      << " pictures of real data, each with the function that drew it. What all share stands "
+         "first.</p>\n";
+  for (const SharedSource& source : shared) WriteProgram(out, source.summary, source.program);
   out << "<nav>\n";
   for (const GalleryEntry& entry : entries) {
     out << "<a href=\"#" << entry.name << "\">" << Escaped(entry.title) << "</a>\n";

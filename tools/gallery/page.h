@@ -16,6 +16,12 @@ struct GalleryEntry {
   std::string program;   ///< the source
 };
 
+/// A source that the programs share.
+struct SharedSource {
+  std::string summary;  ///< its name and what it is for
+  std::string program;  ///< the source
+};
+
 /// Reads title and sentence from the comment at the beginning of a source: its first line, and the
 /// others up to its end.
 /// @throws std::runtime_error naming the source when it doesn't begin so
@@ -26,8 +32,7 @@ GalleryEntry EntryOf(const std::string& name, const std::string& program);
 std::string ReadSource(const std::string& path);
 
 /// Writes the page: it stands beside the pictures and needs nothing else.
-/// @param main the main function that all the programs share
 void WritePage(std::ostream& out, const std::vector<GalleryEntry>& entries,
-               const std::string& main);
+               const std::vector<SharedSource>& shared);
 
 }  // namespace orvalix
