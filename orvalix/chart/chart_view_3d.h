@@ -25,8 +25,11 @@ class CTransform3D;
 /// resized: a larger window is drawn only up to the bitmap's size. Every drawing makes the view's
 /// own OpenGL context current, so several views live in one program.
 ///
-/// All calls belong on one thread, the one that owns the window. Properties are stored as they are
-/// given and take effect with the next drawing.
+/// A view and all that it owns belong to one thread at a time; one that hands them on leaves the
+/// context first (COpenGL::MakeNonCurrent()). Only one thread of a program at a time makes, loads,
+/// saves or draws charts, also those of different views: what counts them isn't guarded.
+///
+/// Properties are stored as they are given and take effect with the next drawing.
 class ORVALIX_API CChartView3D {
  public:
   /// Defaults only; no window, no bitmap: nothing can be drawn.
