@@ -90,7 +90,7 @@ class ORVALIX_API CAxisLabels3D {
   /// CTextObj3D::SetYJustify() of the labels; -1 (default) chooses by axis, plane and rotation.
   void SetAxisLabelsYJust(int justify);
   int GetAxisLabelsYJust() const;
-  /// Stored only: every major tic has its label. Default 0.
+  /// Kept in memory only: every major tic has its label. Not saved in chart files. Default 0.
   void SetAxisLabelsNthTic(int n);
   int GetAxisLabelsNthTic() const;
   /// Distance of labels from the axis in lengths of a major tic, or in thicknesses of the wall when
@@ -111,7 +111,7 @@ class ORVALIX_API CAxisLabels3D {
   void SetAxisLabelsColor(RGBDType const& color);
   RGBDType GetAxisLabelsColor() const;
   /// Suffixes of format 2: character i marks 1000 to the power of i; character 0 isn't used.
-  /// Default " KMBT".
+  /// Default " KMBT". Not saved in chart files.
   /// @throws CErr3D type 2, class 3, "SetEngString"
   void SetEngString(CString const& suffixes);
   CString GetEngString() const;

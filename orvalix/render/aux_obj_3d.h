@@ -11,8 +11,8 @@ class CTransform3D;
 /// A shape at a point of a chart: it turns with the chart, but the scales of the axes don't distort
 /// it.
 ///
-/// A chart makes its shapes (CChart3D::NewAuxObj()) and deletes them. In a view that isn't square,
-/// shapes are stretched as the view is.
+/// A chart makes its shapes (CChart3D::NewAuxObj()) and deletes them. In a chart whose rectangle
+/// isn't square, shapes are stretched as that is.
 class ORVALIX_API CAuxObj3D {
  public:
   /// Shape types; other numbers draw nothing. The sizes are those of SetSizeParameters().

@@ -210,7 +210,7 @@ class ORVALIX_API CPolysurface {
   /// The numbers of a polygon's three neighbours, each -1 where there is none: neighbour k lies
   /// across the edge from vertex k to vertex k + 1. All are -1 when neighbours aren't known.
   void GetAdjacentPolyList(int polygon, int* neighbors) const;
-  /// Nonzero: only the edges of the polygons are to be drawn. Default 0.
+  /// Nonzero: only the edges of the polygons are to be drawn. Default 0. Not saved.
   void SetWireFrame(int flag);
   int GetWireFrame() const;
   /// @}
