@@ -90,7 +90,7 @@ class ORVALIX_API CAxisLabels3D {
   /// CTextObj3D::SetYJustify() of the labels; -1 (default) chooses by axis, plane and rotation.
   void SetAxisLabelsYJust(int justify);
   int GetAxisLabelsYJust() const;
-  /// Kept in memory only: every major tic has its label. Not saved in chart files. Default 0.
+  /// Without effect: every major tic has its label. Not saved in chart files. Default 0.
   void SetAxisLabelsNthTic(int n);
   int GetAxisLabelsNthTic() const;
   /// Distance of labels from the axis in lengths of a major tic, or in thicknesses of the wall when
