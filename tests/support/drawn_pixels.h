@@ -34,6 +34,7 @@ inline PixelBytes DrawnPixels(int width, int height) {
 /// How many pixels of two pictures of one size have another colour.
 inline int DifferingPixels(const PixelBytes& a, const PixelBytes& b) {
   EXPECT_EQ(a.size(), b.size());
+  if (a == b) return 0;  // the usual case, told at once
   int differing = 0;
   for (std::size_t i = 0; i + 2 < a.size() && i + 2 < b.size(); i += 3) {
     if (a[i] != b[i] || a[i + 1] != b[i + 1] || a[i + 2] != b[i + 2]) ++differing;
