@@ -8,6 +8,8 @@ namespace {
 
 using namespace orvalix::test;
 
+const QColor kGreen(10, 200, 30);
+
 TEST(ChartWidgetPainting, ScreenshotIsTheOffscreenPicture) {
   ChartWidget widget;
   FillWithBars(*widget.GetView());
@@ -37,7 +39,7 @@ TEST(ChartWidgetPainting, ALargerWindowShowsTheLowerLeftOfThePicture) {
   ChartWidget widget(QSize(200, 150));
   FillWithBars(*widget.GetView());
   QPalette colors = widget.palette();
-  colors.setColor(QPalette::Window, QColor(10, 200, 30));
+  colors.setColor(QPalette::Window, kGreen);
   widget.setPalette(colors);
   widget.resize(300, 250);
   ShowOnScreen(widget);
@@ -45,8 +47,8 @@ TEST(ChartWidgetPainting, ALargerWindowShowsTheLowerLeftOfThePicture) {
   QImage expected = OffscreenPicture(300, 250, FillWithBars);
   {
     QPainter painter(&expected);
-    painter.fillRect(0, 0, 300, 100, QColor(10, 200, 30));
-    painter.fillRect(200, 0, 100, 250, QColor(10, 200, 30));
+    painter.fillRect(0, 0, 300, 100, kGreen);
+    painter.fillRect(200, 0, 100, 250, kGreen);
   }
   EXPECT_EQ(shown, expected);
 }
@@ -102,15 +104,20 @@ TEST(ChartWidgetPainting, AnotherThreadMayUseTheViewMeanwhile) {
             }));
 }
 
-// Qt begins a picture of the window anew at each size.
-TEST(ChartWidgetPainting, WithoutPaintingItKeepsItsPictureAtEachSize) {
-  ChartWidget widget(QSize(640, 480));
+/// Shows bars, 300 x 200 pixels large, in a widget whose background is green.
+void ShowBarsOnGreen(ChartWidget& widget) {
   QPalette colors = widget.palette();
-  colors.setColor(QPalette::Window, QColor(10, 200, 30));
+  colors.setColor(QPalette::Window, kGreen);
   widget.setPalette(colors);
   FillWithBars(*widget.GetView());
   widget.resize(300, 200);
   ShowOnScreen(widget);
+}
+
+// Qt begins a picture of the window anew at each size.
+TEST(ChartWidgetPainting, WithoutPaintingItKeepsItsPictureAtEachSize) {
+  ChartWidget widget(QSize(640, 480));
+  ShowBarsOnGreen(widget);
   const QImage before = OffscreenPicture(300, 200, FillWithBars);
   ASSERT_EQ(Screenshot(widget), before);
   widget.EnablePainting(false);
@@ -119,7 +126,7 @@ TEST(ChartWidgetPainting, WithoutPaintingItKeepsItsPictureAtEachSize) {
     ASSERT_TRUE(WaitUntil([&] { return Screenshot(widget).size() == size; }));
     Wait(50);
     QImage expected(size, QImage::Format_RGB32);
-    expected.fill(QColor(10, 200, 30));
+    expected.fill(kGreen);
     QPainter(&expected).drawImage(0, 0, before);
     EXPECT_EQ(Screenshot(widget), expected);
   }
@@ -129,17 +136,12 @@ TEST(ChartWidgetPainting, WithoutPaintingItKeepsItsPictureAtEachSize) {
 
 TEST(ChartWidgetPainting, WithoutPaintingItShowsNoPictureForOthers) {
   ChartWidget widget(QSize(320, 240));
-  QPalette colors = widget.palette();
-  colors.setColor(QPalette::Window, QColor(10, 200, 30));
-  widget.setPalette(colors);
-  FillWithBars(*widget.GetView());
-  widget.resize(300, 200);
-  ShowOnScreen(widget);
+  ShowBarsOnGreen(widget);
   widget.CopyToClipboard();
   widget.EnablePainting(false);
   widget.update();
   QImage expected(300, 200, QImage::Format_RGB32);
-  expected.fill(QColor(10, 200, 30));
+  expected.fill(kGreen);
   EXPECT_EQ(Screenshot(widget), expected);
 }
 

@@ -37,7 +37,10 @@ class Dialogs {
   }
   /// Accepts a dialog with another name.
   static void Accept(QFileDialog& files, const QString& name) {
-    files.selectFile(name);
+    files.selectFile(name);  // which leaves a name alone that is being edited
+    auto* const edit = files.findChild<QLineEdit*>("fileNameEdit");
+    ASSERT_NE(edit, nullptr);
+    edit->setText(name);
     // At once: the list of files, when it is read, selects what was proposed.
     QMetaObject::invokeMethod(&files, "accept");
   }
@@ -91,15 +94,17 @@ class Viewer : public ::testing::Test {
   }
 
   QString Path(const QString& name) const { return folder.filePath(name); }
-  /// A file with the bars of the other tests.
-  QString BarsFile() const {
+  /// A file with what `fill` puts into a view.
+  QString ChartFile(const QString& name, void (*fill)(CChartView3D&)) const {
     CWnd canvas;
     canvas.CreateOffscreen(20, 20);
     CChartView3D view(&canvas);
-    FillWithBars(view);
-    view.Save(QFile::encodeName(Path("bars.chart")).constData());
-    return Path("bars.chart");
+    fill(view);
+    view.Save(QFile::encodeName(Path(name)).constData());
+    return Path(name);
   }
+  /// A file with the bars of the other tests.
+  QString BarsFile() const { return ChartFile("bars.chart", FillWithBars); }
   QString Status() const {
     QStringList texts;
     for (const QLabel* label : window->statusBar()->findChildren<QLabel*>()) texts << label->text();

@@ -55,12 +55,7 @@ QRect ExtentOf(const QImage& picture, const QColor& color) {
 class PrintingViewer : public Viewer {
  protected:
   void SetUp() override {
-    CWnd canvas;
-    canvas.CreateOffscreen(20, 20);
-    CChartView3D view(&canvas);
-    FillWithEdges(view);
-    view.Save(QFile::encodeName(Path("edges.chart")).constData());
-    ASSERT_TRUE(window->OpenFile(Path("edges.chart")));
+    ASSERT_TRUE(window->OpenFile(ChartFile("edges.chart", FillWithEdges)));
     ASSERT_EQ(window->GetChart()->GetView()->GetDIBSection()->DIBWidth(), 1920);
   }
 
