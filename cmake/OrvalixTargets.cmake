@@ -58,7 +58,7 @@ endfunction()
 # orvalix_compile_quickly(<target>): without optimisation, which takes a third of the time. For tests:
 # what they test is optimised.
 function(orvalix_compile_quickly target)
-  target_compile_options(${target} PRIVATE -O0 -U_FORTIFY_SOURCE)
+  target_compile_options(${target} PRIVATE -O0)
 endfunction()
 
 # orvalix_add_test(<name> [LAYER <layer>] SOURCES <file>... [LIBRARIES <target>...])
