@@ -20,6 +20,7 @@ class ChunkedArray {
     if (i < kFirst) return m_chunks[0][i];
     return m_chunks[1 + (i - kFirst) / kChunk][(i - kFirst) % kChunk];
   }
+  T& operator[](std::size_t i) { return const_cast<T&>(std::as_const(*this)[i]); }
 
   /// @throws std::bad_alloc
   void push_back(const T& element) {

@@ -174,6 +174,7 @@ DrawList::DrawList(std::shared_ptr<BufferPool> pool, const GatheredGeometry& geo
   std::size_t textVertices = 0;
   for (const TextGroup& group : geometry.texts) textVertices += CornersOf(group);
   m_isClippedAtFirst = geometry.isClippedAtFirst;
+  m_isFlat = geometry.isFlat;
   const OwnArrays arrays;
   constexpr std::size_t kBuffers = 2;
   pool->Lend(kBuffers);

@@ -12,24 +12,6 @@
 namespace orvalix {
 namespace {
 
-/// True when light gives all of a face one colour: it comes, and is looked at, along one direction.
-bool IsLightEven() {
-  GLint isViewerLocal = GL_FALSE;
-  glGetIntegerv(GL_LIGHT_MODEL_LOCAL_VIEWER, &isViewerLocal);
-  if (isViewerLocal != GL_FALSE) return false;
-  GLint lights = 0;
-  glGetIntegerv(GL_MAX_LIGHTS, &lights);
-  for (GLint i = 0; i < lights; ++i) {
-    const GLenum light = GL_LIGHT0 + static_cast<GLenum>(i);
-    // The first one is on while lit faces are drawn.
-    if (i > 0 && glIsEnabled(light) == GL_FALSE) continue;
-    std::array<GLfloat, 4> position{};
-    glGetLightfv(light, GL_POSITION, position.data());
-    if (position[3] != 0.0F) return false;
-  }
-  return true;
-}
-
 /// Shades faces and lines that have one colour each, and puts back how the program shades.
 class Shading {
  public:
@@ -37,23 +19,14 @@ class Shading {
     glGetIntegerv(GL_SHADE_MODEL, &m_model);
     glShadeModel(GL_FLAT);
   }
-  ~Shading() { glShadeModel(static_cast<GLenum>(m_model)); }
+  ~Shading() { LeaveToProgram(); }
   Shading(const Shading&) = delete;
   Shading& operator=(const Shading&) = delete;
 
-  /// For faces with light on them.
-  void TakeLight() {
-    if (!m_isLightEven) m_isLightEven = IsLightEven();
-    if (!*m_isLightEven) glShadeModel(static_cast<GLenum>(m_model));
-  }
-  /// For what is drawn after them.
-  void LeaveLight() {
-    if (!m_isLightEven.value_or(true)) glShadeModel(GL_FLAT);
-  }
+  void LeaveToProgram() const { glShadeModel(static_cast<GLenum>(m_model)); }
 
  private:
   GLint m_model = GL_SMOOTH;
-  std::optional<bool> m_isLightEven;
 };
 
 /// Clip planes as a call needs them, where that isn't as they were at first.
@@ -105,7 +78,7 @@ class DrawList::Frame {
                    [&](const FacingDirection& direction) { return list.ViewOf(direction, *this); });
   }
 
-  Shading& GetShading() { return m_shading; }
+  const Shading& GetShading() const { return m_shading; }
   void Load(const double* matrix) {
     if (m_hasLoaded && matrix == m_loaded) return;
     LoadMatrix(matrix);
@@ -197,7 +170,8 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
   for (const int capability : {GL_LIGHTING, GL_LIGHT0, GL_COLOR_MATERIAL}) {
     SetCapability(static_cast<GLenum>(capability), state.isLit != 0);
   }
-  if (state.isLit != 0) frame.GetShading().TakeLight();
+  const bool isShadedByProgram = state.isLit != 0 && !m_isFlat;
+  if (isShadedByProgram) frame.GetShading().LeaveToProgram();
   SetCapability(GL_TEXTURE_1D, state.isTextured != 0);
   PointTo(0, sizeof(FillVertex));
   glEnableClientState(GL_NORMAL_ARRAY);
@@ -217,7 +191,7 @@ void DrawList::DrawFill(const FillCall& call, Frame& frame) const {
   } else {
     DrawRanges(call, frame);
   }
-  if (state.isLit != 0) frame.GetShading().LeaveLight();
+  if (isShadedByProgram) glShadeModel(GL_FLAT);
   glDisableClientState(GL_TEXTURE_COORD_ARRAY);
   glDisableClientState(GL_NORMAL_ARRAY);
   glDisableClientState(GL_COLOR_ARRAY);

@@ -113,6 +113,7 @@ class DrawList {
   std::vector<FacingDirection> m_directions;
   std::vector<SolidExtent> m_extents;
   int m_isClippedAtFirst = 0;
+  bool m_isFlat = false;  ///< as in GatheredGeometry
   GatheredColor m_fillColor{};
   bool m_hasFillColors = false;  ///< each fill vertex has its own
   /// Offsets in the vertex buffer, behind the fill vertices.

@@ -14,18 +14,14 @@ namespace {
 
 using Vector = std::array<double, 3>;
 
-/// Edges that are remembered to be drawn once: first those of a few polygons, at last more than two
-/// rows of a large grid have.
-constexpr std::size_t kFewestRecentEdges = std::size_t{1} << 6;
-constexpr std::size_t kMostRecentEdges = std::size_t{1} << 16;
-
 constexpr double kSameDirection = 1e-6;
 
-/// OpenGL counts what a call draws in an int; faces have less than three indices for each vertex.
-constexpr std::size_t kMostVertices = std::numeric_limits<int>::max() / 3;
-
-void RequireRoom(std::size_t vertices) {
-  if (vertices >= kMostVertices) throw std::length_error("more vertices than OpenGL can draw");
+/// OpenGL counts what a call draws in an int.
+void RequireRoom(std::size_t drawn, std::size_t more) {
+  constexpr std::size_t kMost = std::numeric_limits<int>::max();
+  if (more > kMost || drawn > kMost - more) {
+    throw std::length_error("more vertices than OpenGL can draw");
+  }
 }
 
 double Dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
@@ -46,16 +42,13 @@ bool IsSamePlace(const point3Dtype& a, const point3Dtype& b) {
   return a.x == b.x && a.y == b.y && a.z == b.z;
 }
 
-std::size_t Hash(const std::array<std::array<float, 3>, 2>& ends) {
+/// Numbers in a hash, two at a time.
+std::uint64_t Hashed(std::uint64_t hash, float a, float b) {
   constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15U;
-  std::uint64_t hash = 0;
-  for (const std::array<float, 3>& end : ends) {
-    for (const float number : end) {
-      hash = (hash ^ std::bit_cast<std::uint32_t>(number)) * kPrime;
-      hash ^= hash >> 29U;
-    }
-  }
-  return static_cast<std::size_t>(hash);
+  const std::uint64_t pair =
+      std::uint64_t{std::bit_cast<std::uint32_t>(a)} << 32U | std::bit_cast<std::uint32_t>(b);
+  hash = (hash ^ pair) * kPrime;
+  return hash ^ hash >> 29U;
 }
 
 }  // namespace
@@ -66,6 +59,14 @@ bool LineState::operator==(const LineState& other) const {
          isStrip == other.isStrip && isStroke == other.isStroke && isEdge == other.isEdge &&
          IsSameColor(color, other.color) && facing == other.facing &&
          otherFacing == other.otherFacing;
+}
+
+std::size_t DrawRecorder::Edge::Hash() const {
+  return Hashed(0, std::bit_cast<float>(from), std::bit_cast<float>(to));
+}
+
+std::size_t DrawRecorder::Corner::Hash() const {
+  return Hashed(Hashed(0, position[0], position[1]), position[2], texture);
 }
 
 template <class Work>
@@ -150,6 +151,7 @@ DrawSegment& DrawRecorder::SegmentFor(bool hasPlainFill) {
       hasPlainFill && !segments.empty() &&
       std::any_of(segments.back().lines.begin(), segments.back().lines.end(), liesBelow);
   if (segments.empty() || isCovering) {
+    if (!segments.empty()) m_groupsBefore += segments.back().lines.size();
     segments.emplace_back();
     m_hasEdgeColor = false;
     m_hasManyEdgeColors = false;
@@ -238,60 +240,76 @@ LineState DrawRecorder::StrokeState(const RecordedStroke& stroke, int isStrip) c
           .otherFacing = -1};
 }
 
-std::uint32_t DrawRecorder::AddFillVertex(const point3Dtype& moved,
-                                          const std::array<float, 3>& normal,
-                                          const std::array<float, 3>& color, float texture) {
+void DrawRecorder::NeedColor(const std::array<float, 3>& color) {
+  const std::size_t count = m_geometry.fillVertices.size();
+  if (count == 0) m_geometry.fillColor = color;
+  if (!m_geometry.fillColors.empty() || color == m_geometry.fillColor) return;
+  for (std::size_t i = 0; i < count; ++i) m_geometry.fillColors.push_back(m_geometry.fillColor);
+}
+
+std::uint32_t DrawRecorder::AddFillVertex(const Position& moved, const Face& face, float texture) {
   const std::size_t before = m_geometry.fillVertices.size();
-  RequireRoom(before);
-  if (before == 0) m_geometry.fillColor = color;
-  if (m_geometry.fillColors.empty() && color != m_geometry.fillColor) {
-    for (std::size_t i = 0; i < before; ++i) m_geometry.fillColors.push_back(m_geometry.fillColor);
-  }
-  const bool hasColors = !m_geometry.fillColors.empty() || color != m_geometry.fillColor;
-  if (hasColors) m_geometry.fillColors.push_back(color);
+  RequireRoom(before, 1);
+  NeedColor(face.color);
+  if (!m_geometry.fillColors.empty()) m_geometry.fillColors.push_back(face.color);
   if (m_state.isTextured != 0 && m_geometry.fillTextures.empty()) {
     for (std::size_t i = 0; i < before; ++i) m_geometry.fillTextures.push_back(0.0F);
   }
   if (m_state.isTextured != 0 || !m_geometry.fillTextures.empty()) {
     m_geometry.fillTextures.push_back(texture);
   }
-  m_geometry.fillVertices.push_back({ToFloats(moved), normal});
-  return static_cast<std::uint32_t>(m_geometry.fillVertices.size() - 1);
+  m_geometry.fillVertices.push_back({moved, face.normal});
+  return static_cast<std::uint32_t>(before);
 }
 
-bool DrawRecorder::IsDrawnAlready(std::size_t group, const Position& from, const Position& to,
+DrawRecorder::Corner& DrawRecorder::CornerAt(const Position& moved, const Face& face,
+                                             float texture) {
+  Corner corner{.position = moved, .texture = texture, .isUsed = true};
+  const auto isIt = [&](const Corner& known) { return known.IsSamePlace(corner); };
+  if (Corner* const known = m_recentCorners.Find(corner.Hash(), isIt)) return *known;
+  corner.number = AddFillVertex(moved, face, texture);
+  return m_recentCorners.Remember(corner);
+}
+
+std::uint32_t DrawRecorder::VertexOfFace(Corner& corner, const Face& face) {
+  FillVertex& vertex = m_geometry.fillVertices[corner.number];
+  if (!corner.hasFace) {
+    NeedColor(face.color);
+    vertex.normal = face.normal;
+    if (!m_geometry.fillColors.empty()) m_geometry.fillColors[corner.number] = face.color;
+    corner.hasFace = true;
+    return corner.number;
+  }
+  const std::array<float, 3>& color =
+      m_geometry.fillColors.empty() ? m_geometry.fillColor : m_geometry.fillColors[corner.number];
+  if (vertex.normal == face.normal && color == face.color) return corner.number;
+  return AddFillVertex(corner.position, face, corner.texture);
+}
+
+std::uint32_t DrawRecorder::NumberOf(const Position& place) {
+  Corner corner{.position = place, .isUsed = true};
+  const auto isIt = [&](const Corner& known) { return known.IsSamePlace(corner); };
+  if (Corner* const known = m_recentFrameCorners.Find(corner.Hash(), isIt)) return known->number;
+  corner.number = m_frameCorners++;
+  return m_recentFrameCorners.Remember(corner).number;
+}
+
+bool DrawRecorder::IsDrawnAlready(std::size_t group, std::uint32_t from, std::uint32_t to,
                                   const std::array<float, 3>& color) {
-  if (m_rememberedEdges * 2 >= m_recentEdges.size()) RememberMoreEdges();
-  const Edge edge{{std::min(from, to), std::max(from, to)},
-                  color,
-                  group,
-                  static_cast<std::uint32_t>(m_geometry.segments.size())};
-  Edge& recent = m_recentEdges[Hash(edge.ends) % m_recentEdges.size()];
-  if (recent.segment == edge.segment && recent.group == group && recent.ends == edge.ends &&
-      recent.color == color) {
-    return true;
+  const Edge edge{std::min(from, to), std::max(from, to), m_groupsBefore + group, color};
+  const auto isIt = [&](const Edge& known) { return known == edge; };
+  Edge* const known = m_recentEdges.Find(edge.Hash(), isIt);
+  if (known != nullptr) {
+    m_recentEdges.Forget(*known);  // two polygons meet there, hardly ever more
+  } else {
+    m_recentEdges.Remember(edge);
   }
-  if (recent.segment == 0) ++m_rememberedEdges;
-  recent = edge;
-  return false;
-}
-
-void DrawRecorder::RememberMoreEdges() {
-  if (m_recentEdges.size() == kMostRecentEdges) return;
-  std::vector<Edge> edges(std::max(kFewestRecentEdges, m_recentEdges.size() * 4));
-  m_rememberedEdges = 0;
-  for (const Edge& known : m_recentEdges) {
-    if (known.segment == 0) continue;
-    Edge& edge = edges[Hash(known.ends) % edges.size()];
-    if (edge.segment == 0) ++m_rememberedEdges;
-    edge = known;
-  }
-  m_recentEdges = std::move(edges);
+  return known != nullptr;
 }
 
 void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, const Position& to,
                                    const std::array<float, 3>& color) {
-  RequireRoom(m_geometry.lineVertices.size());
+  RequireRoom(m_geometry.lineVertices.size(), 2);
   const auto first = static_cast<std::uint32_t>(m_geometry.lineVertices.size());
   m_geometry.lineVertices.push_back({from, color});
   m_geometry.lineVertices.push_back({to, color});
@@ -311,6 +329,7 @@ void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t 
     AddLineVertices(group, a, b, shown);
     return;
   }
+  RequireRoom(lines.indices.size(), 2);
   lines.indices.push_back(from);
   lines.indices.push_back(to);
 }
@@ -347,32 +366,29 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
   Try([&] {
     const bool isClosed = n > 1 && IsSamePlace(points[0], points[n - 1]);
     const auto corners = static_cast<std::uint32_t>(isClosed ? n - 1 : n);
+    const Face face{MovedNormal(normal), fill.color};
     IndexList& indices = FillIndices(fill, -1);
-    const auto first = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
-    const std::array<float, 3> moved = MovedNormal(normal);
+    RequireRoom(indices.size(), 3 * static_cast<std::size_t>(corners));
+    m_corners.resize(corners);
     // Cut as OpenGL cuts polygons, whose first corner is each triangle's last one: depths are then
     // rounded as in one that is drawn by itself.
-    const auto vertexOf = [&](std::uint32_t corner) {
-      return first + (corner + corners - 1) % corners;
-    };
     for (std::uint32_t i = 0; i < corners; ++i) {
-      const std::uint32_t corner = (i + 1) % corners;
-      AddFillVertex(Moved(points[corner]), moved, fill.color,
-                    textures != nullptr ? textures[corner] : 0.0F);
+      const std::uint32_t at = (i + 1) % corners;
+      Corner& corner =
+          CornerAt(ToFloats(Moved(points[at])), face, textures != nullptr ? textures[at] : 0.0F);
+      const bool takesLight = at == 0 || !m_geometry.isFlat;
+      m_corners[at] = {takesLight ? VertexOfFace(corner, face) : corner.number, corner.number};
     }
     for (std::uint32_t i = 2; i < corners; ++i) {
-      for (const std::uint32_t corner : {i - 1, i, 0U}) indices.push_back(vertexOf(corner));
+      for (const std::uint32_t corner : {i - 1, i, 0U}) indices.push_back(m_corners[corner].vertex);
     }
     if (fill.isOutlined == 0) return;
     const std::size_t edges = EdgeGroupFor(fill, -1, -1);
     for (std::uint32_t i = 1; i < static_cast<std::uint32_t>(n); ++i) {
-      const std::uint32_t from = vertexOf(i - 1);
-      const std::uint32_t to = vertexOf(i % corners);
+      const std::uint32_t from = m_corners[i - 1].place;
+      const std::uint32_t to = m_corners[i % corners].place;
       // Polygons that meet share it.
-      if (IsDrawnAlready(edges, m_geometry.fillVertices[from].position,
-                         m_geometry.fillVertices[to].position, ToGathered(fill.outlineColor))) {
-        continue;
-      }
+      if (from == to || IsDrawnAlready(edges, from, to, ToGathered(fill.outlineColor))) continue;
       AddEdge(edges, from, to, fill.outlineColor);
     }
   });
@@ -394,7 +410,7 @@ void DrawRecorder::AddFrame(const point3Dtype* points, int n, const RGBDType& co
     for (int i = 1; i < n; ++i) {
       const Position from = ToFloats(Moved(points[i - 1]));
       const Position to = ToFloats(Moved(points[i]));
-      if (from == to || IsDrawnAlready(group, from, to, shown)) continue;
+      if (from == to || IsDrawnAlready(group, NumberOf(from), NumberOf(to), shown)) continue;
       AddLineVertices(group, from, to, shown);
     }
   });
@@ -414,15 +430,15 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
     for (std::size_t i = 0; i < kSolidFaces.size(); ++i) {
       const bool isKnown = canHide && !sides.hasNoArea[i];
       facing[i] = isKnown ? DirectionOf(sides.outward[i]) : -1;
-      const std::array<std::size_t, 4>& face = kSolidFaces[i].corners;
+      const std::array<std::size_t, 4>& around = kSolidFaces[i].corners;
       point3Dtype normal;
-      CalcNormal(corners[face[0]], corners[face[1]], corners[face[2]], normal);
-      const std::array<float, 3> movedNormal = MovedNormal(normal);
+      CalcNormal(corners[around[0]], corners[around[1]], corners[around[2]], normal);
+      const Face face{MovedNormal(normal), i > 0 ? later.value_or(fill.color) : fill.color};
       IndexList& indices = FillIndices(fill, facing[i]);
+      RequireRoom(indices.size(), 6);
       first[i] = static_cast<std::uint32_t>(m_geometry.fillVertices.size());
-      for (const std::size_t corner : face) {
-        AddFillVertex(moved[corner], movedNormal, i > 0 ? later.value_or(fill.color) : fill.color,
-                      textures != nullptr ? textures[corner] : 0.0F);
+      for (const std::size_t corner : around) {
+        AddFillVertex(ToFloats(moved[corner]), face, textures != nullptr ? textures[corner] : 0.0F);
       }
       for (const std::uint32_t corner : {1U, 2U, 0U, 2U, 3U, 0U}) {
         indices.push_back(first[i] + corner);
@@ -467,7 +483,7 @@ void DrawRecorder::AddToStrip(const point3Dtype& point, const std::array<float, 
       m_isStripOpen = true;
       return;
     }
-    RequireRoom(m_geometry.lineVertices.size());
+    RequireRoom(m_geometry.lineVertices.size(), 1);
     if (!m_isStripOpen) group.strips.push_back(static_cast<std::uint32_t>(group.indices.size()));
     m_isStripOpen = true;
     m_geometry.lineVertices.push_back({end, color});

@@ -11,6 +11,7 @@
 
 #include "orvalix/foundation/value_types.h"
 #include "orvalix/render/gathered_geometry_internal.h"
+#include "orvalix/render/recent_table_internal.h"
 
 namespace orvalix {
 
@@ -46,8 +47,10 @@ class DrawRecorder {
     int isTextured = 0;
     int isClipped = 0;
   };
-  explicit DrawRecorder(const State& state) : m_state(state) {
+  /// @param isFlat as in GatheredGeometry
+  explicit DrawRecorder(const State& state, bool isFlat = false) : m_state(state) {
     m_geometry.isClippedAtFirst = state.isClipped;
+    m_geometry.isFlat = isFlat;
   }
 
   State& GetState() { return m_state; }
@@ -104,14 +107,42 @@ class DrawRecorder {
   const std::vector<SavedMatrix>& SavedMatrices() const { return m_stack; }
 
  private:
-  /// The ends of an edge and the group that it is drawn in.
-  struct Edge {
-    std::array<std::array<float, 3>, 2> ends{};
-    std::array<float, 3> color{};
-    std::size_t group = 0;
-    std::uint32_t segment = 0;  ///< counted from 1; 0: no edge
-  };
   using Position = std::array<float, 3>;
+  /// A line between two places, as it is drawn.
+  struct Edge {
+    std::uint32_t from = 0;  ///< a number of a place; equal to `to`: no edge
+    std::uint32_t to = 0;
+    std::size_t group = 0;  ///< counted through all segments
+    std::array<float, 3> color{};
+
+    bool operator==(const Edge&) const = default;
+    bool IsNothing() const { return from == to; }
+    std::size_t Hash() const;
+  };
+  /// A place where polygons meet.
+  struct Corner {
+    Position position{};
+    float texture = 0.0F;
+    std::uint32_t number = 0;  ///< of a vertex there, if it has one
+    bool isUsed = false;
+    bool hasFace = false;  ///< the vertex has the normal and the colour of a face, which needs it
+
+    bool IsNothing() const { return !isUsed; }
+    bool IsSamePlace(const Corner& other) const {
+      return isUsed && position == other.position && texture == other.texture;
+    }
+    std::size_t Hash() const;
+  };
+  /// A corner of the polygon that is being added.
+  struct PolygonCorner {
+    std::uint32_t vertex;  ///< of its triangles
+    std::uint32_t place;   ///< vertex of the polygons that meet there
+  };
+  /// How a polygon takes light.
+  struct Face {
+    std::array<float, 3> normal;
+    std::array<float, 3> color;
+  };
 
   template <class Work>
   void Try(Work work);
@@ -125,13 +156,19 @@ class DrawRecorder {
   /// first one of another colour on all have vertices of their own, which keeps their order.
   std::size_t EdgeGroupFor(const RecordedFill& fill, int facing, int otherFacing);
   LineState StrokeState(const RecordedStroke& stroke, int isStrip) const;
-  std::uint32_t AddFillVertex(const point3Dtype& moved, const std::array<float, 3>& normal,
-                              const std::array<float, 3>& color, float texture);
+  std::uint32_t AddFillVertex(const Position& moved, const Face& face, float texture);
+  void NeedColor(const std::array<float, 3>& color);
+  /// What is known of the place of a corner; a new one gets a vertex.
+  Corner& CornerAt(const Position& moved, const Face& face, float texture);
+  /// A vertex at a corner that has the normal and the colour of a face.
+  std::uint32_t VertexOfFace(Corner& corner, const Face& face);
   void AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to, const RGBDType& color);
   void AddLineVertices(std::size_t group, const Position& from, const Position& to,
                        const std::array<float, 3>& color);
-  void RememberMoreEdges();
-  bool IsDrawnAlready(std::size_t group, const Position& from, const Position& to,
+  /// A number that the same place has each time, as long as it is remembered.
+  std::uint32_t NumberOf(const Position& place);
+  /// @param from, to numbers of places
+  bool IsDrawnAlready(std::size_t group, std::uint32_t from, std::uint32_t to,
                       const std::array<float, 3>& color);
   int DirectionOf(const std::array<double, 3>& outward);
   void Extend(const std::array<point3Dtype, 8>& corners);
@@ -141,9 +178,13 @@ class DrawRecorder {
   SavedMatrix m_matrix;
   std::vector<SavedMatrix> m_stack;
   std::vector<float> m_textures;
-  std::vector<Edge> m_recentEdges;  ///< by a hash of the edge; later ones replace earlier ones
-  std::size_t m_rememberedEdges = 0;
-  bool m_hasEdgeColor = false;  ///< of the segment
+  RecentTable<Edge> m_recentEdges;
+  RecentTable<Corner> m_recentCorners;
+  RecentTable<Corner> m_recentFrameCorners;
+  std::uint32_t m_frameCorners = 0;  ///< places of frames that got a number
+  std::vector<PolygonCorner> m_corners;
+  std::size_t m_groupsBefore = 0;  ///< groups of lines in front of the segment
+  bool m_hasEdgeColor = false;     ///< of the segment
   bool m_hasManyEdgeColors = false;
   RGBDType m_edgeColor{};
   std::size_t m_lastFill = 0;  ///< groups of the segment that were used last

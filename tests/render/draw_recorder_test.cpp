@@ -93,8 +93,8 @@ TEST(DrawRecorder, DrawsAnEdgeThatTwoPolygonsShareOnce) {
   AddSquare(recorder, 0, Outlined());
   AddSquare(recorder, 1, Outlined());
   EXPECT_EQ(LinesOf(recorder.Geometry()), 7U);
-  AddSquare(recorder, 1, Outlined());  // all are there already
-  EXPECT_EQ(LinesOf(recorder.Geometry()), 7U);
+  AddSquare(recorder, 1, Outlined());  // the edge of two is drawn again for a third
+  EXPECT_EQ(LinesOf(recorder.Geometry()), 8U);
 }
 
 TEST(DrawRecorder, DrawsAnEdgeOnceForEachColor) {
@@ -252,11 +252,11 @@ TEST(DrawRecorder, CutsSolidLinesApartAndKeepsDashedOnesWhole) {
 TEST(DrawRecorder, KeepsOneColorForAllAsLongAsThereIsOnlyOne) {
   DrawRecorder recorder({});
   AddSquare(recorder, 0, Plain(kGray));
-  AddSquare(recorder, 1, Plain(kGray));
+  AddSquare(recorder, 2, Plain(kGray));
   EXPECT_TRUE(recorder.Geometry().fillColors.empty());
   EXPECT_EQ(recorder.Geometry().fillColor, kGray);
-  AddSquare(recorder, 2, Plain(kGreen));
-  AddSquare(recorder, 3, Plain(kGray));
+  AddSquare(recorder, 4, Plain(kGreen));
+  AddSquare(recorder, 6, Plain(kGray));
   const GatheredGeometry& geometry = recorder.Geometry();
   ASSERT_EQ(geometry.fillColors.size(), geometry.fillVertices.size());
   for (std::size_t i = 0; i < 16; ++i) {
@@ -271,9 +271,9 @@ TEST(DrawRecorder, KeepsTextureCoordinatesOnceThereAreSome) {
   recorder.GetState().isTextured = 1;
   float* const textures = recorder.TexturesFor(5);
   for (int i = 0; i < 5; ++i) textures[i] = 0.25F * static_cast<float>(i);
-  recorder.AddPolygon(Square(1).data(), 5, kUp, textures, Plain());
+  recorder.AddPolygon(Square(2).data(), 5, kUp, textures, Plain());
   recorder.GetState().isTextured = 0;
-  AddSquare(recorder, 2, Plain());
+  AddSquare(recorder, 4, Plain());
   const GatheredGeometry& geometry = recorder.Geometry();
   ASSERT_EQ(geometry.fillTextures.size(), 12U);
   // The first corner comes last.

@@ -260,6 +260,41 @@ TEST(GatheringProgram, LooksAtLightFromSomewhere) {
   });
 }
 
+/// A roof, whose sides meet in the ridge.
+void DrawRoof(COpenGL& gl) {
+  const std::array<point3Dtype, 5> front{
+      {{0, 0, 2, 0}, {10, 0, 2, 0}, {10, 5, 8, 0}, {0, 5, 8, 0}, {0, 0, 2, 0}}};
+  const std::array<point3Dtype, 5> back{
+      {{0, 5, 8, 0}, {10, 5, 8, 0}, {10, 10, 2, 0}, {0, 10, 2, 0}, {0, 5, 8, 0}}};
+  gl.SetFillStyle3D(kGreen, kGreen, kBlack);
+  gl.PolyFillAbs3D(front.data(), 5);
+  gl.PolyFillAbs3D(back.data(), 5);
+}
+
+TEST(GatheringProgram, MovesALightClose) {
+  const auto putLight = [](float isSomewhere) {
+    const std::array<float, 4> position{0.3F, 0.2F, 0.4F, isSomewhere};
+    glPushMatrix();
+    glLoadIdentity();
+    glLightfv(GL_LIGHT0, GL_POSITION, position.data());
+    glPopMatrix();
+  };
+  GatheredScene kept;
+  GatheredScene single(0);
+  PixelBytes last(single.Kept(DrawRoof).size(), 255);
+  for (const float isSomewhere : {0.0F, 1.0F, 0.0F}) {
+    single.gl.MakeCurrent();
+    putLight(isSomewhere);
+    const PixelBytes oneByOne = single.Kept(DrawRoof);
+    kept.gl.MakeCurrent();
+    putLight(isSomewhere);
+    const PixelBytes picture = kept.Kept(DrawRoof);
+    EXPECT_LE(DifferingPixels(picture, oneByOne), kMostDiffering) << isSomewhere;
+    EXPECT_GT(DifferingPixels(picture, last), 1000) << isSomewhere;
+    last = picture;
+  }
+}
+
 TEST(GatheringProgram, KeepsHowItShades) {
   for (const int gathering : {0, 1}) {
     GatheredScene scene(gathering);

@@ -71,6 +71,28 @@ class RandomDrawing {
     }
   }
 
+  /// Polygons that meet, each in a colour of its own.
+  void DrawPatch(COpenGL& gl, const point3Dtype& at, double size) {
+    constexpr int kSide = 4;
+    std::array<point3Dtype, kSide * kSide> points;
+    for (int i = 0; i < kSide * kSide; ++i) {
+      points[static_cast<std::size_t>(i)] = {at.x + size * (i % kSide), at.y + size * (i / kSide),
+                                             at.z + size * Share(), 10.0 * Share()};
+    }
+    for (int i = 0; i < kSide * (kSide - 1); ++i) {
+      if (i % kSide == kSide - 1) continue;
+      const auto corner = [&](int x, int y) {
+        return points[static_cast<std::size_t>(i + x + kSide * y)];
+      };
+      for (const point3Dtype& third : {corner(1, 0), corner(0, 1)}) {
+        const std::array<point3Dtype, 4> triangle{corner(0, 0), corner(1, 1), third, corner(0, 0)};
+        const RGBDType fill = Color();
+        gl.SetFillStyle3D(fill, fill, Color());
+        gl.PolyFillAbs3D(triangle.data(), 4);
+      }
+    }
+  }
+
   void Draw(COpenGL& gl) {
     const RGBDType fill = Color();
     const RGBDType outline = Color();
@@ -78,7 +100,7 @@ class RandomDrawing {
     const point3Dtype to = Point();
     const std::array<point3Dtype, 4> triangle{at, to, Point(), at};
     const double size = 0.5 + 2.0 * Share();
-    switch (Pick(9)) {
+    switch (Pick(10)) {
       case 0:
         return gl.DrawPrism3D(at.x, at.y, at.z, size, size, 2.0 * size, fill, outline);
       case 1:
@@ -106,6 +128,8 @@ class RandomDrawing {
         return gl.PopMatrix();
       case 7:
         return gl.DrawPrism3D(at.x, at.y, at.z, size, size, 0, fill, outline);
+      case 8:
+        return DrawPatch(gl, at, size);
       default:
         return gl.SetFillStyle3D(fill, fill, outline);
     }
