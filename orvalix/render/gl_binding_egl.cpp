@@ -135,26 +135,32 @@ struct GLBinding::Platform {
 };
 
 bool GLBinding::Platform::CreateFramebuffer() const {
-  GLint largest = 0;
-  glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
-  if (target.width > largest || target.height > largest) return false;
+  for (const int limit : {GL_MAX_TEXTURE_SIZE, GL_MAX_RENDERBUFFER_SIZE}) {
+    GLint largest = 0;
+    glGetIntegerv(static_cast<GLenum>(limit), &largest);
+    if (target.width > largest || target.height > largest) return false;
+  }
   // A bitmap without pixels still gets a context; one pixel is the smallest target there is.
   const GLsizei width = std::max(target.width, 1);
   const GLsizei height = std::max(target.height, 1);
 
-  // Framebuffer and renderbuffers live and die with the context. Their pixels have four bytes as
-  // bitmaps of 32 bits do: others would be converted one by one when they are read.
-  std::array<GLuint, 2> buffers{};
+  // They live and die with the context.
   GLuint framebuffer = 0;
+  GLuint texture = 0;
+  GLuint depth = 0;
   glGenFramebuffers(1, &framebuffer);
   glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-  glGenRenderbuffers(2, buffers.data());
-  glBindRenderbuffer(GL_RENDERBUFFER, buffers[0]);
-  glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
-  glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, buffers[0]);
-  glBindRenderbuffer(GL_RENDERBUFFER, buffers[1]);
+  // A texture of no format of its own takes that of the pixels that it could get, here that of
+  // bitmaps of 32 bits: any other is converted pixel by pixel when it is read.
+  glGenTextures(1, &texture);
+  glBindTexture(GL_TEXTURE_2D, texture);
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_BGRA, GL_UNSIGNED_BYTE, nullptr);
+  glBindTexture(GL_TEXTURE_2D, 0);
+  glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+  glGenRenderbuffers(1, &depth);
+  glBindRenderbuffer(GL_RENDERBUFFER, depth);
   glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT32, width, height);
-  glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, buffers[1]);
+  glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, depth);
   if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) return false;
   glViewport(0, 0, width, height);
   glScissor(0, 0, width, height);
