@@ -12,14 +12,20 @@
 namespace orvalix {
 namespace {
 
-/// Shades faces and lines that have one colour each, and puts back how the program shades.
+/// Shades faces and lines that have one colour each, that of their last vertex, and puts back how
+/// the program shades.
 class Shading {
  public:
   Shading() {
     glGetIntegerv(GL_SHADE_MODEL, &m_model);
     glShadeModel(GL_FLAT);
+    glGetIntegerv(GL_PROVOKING_VERTEX, &m_colorVertex);
+    glProvokingVertex(GL_LAST_VERTEX_CONVENTION);
   }
-  ~Shading() { LeaveToProgram(); }
+  ~Shading() {
+    LeaveToProgram();
+    glProvokingVertex(static_cast<GLenum>(m_colorVertex));
+  }
   Shading(const Shading&) = delete;
   Shading& operator=(const Shading&) = delete;
 
@@ -27,6 +33,7 @@ class Shading {
 
  private:
   GLint m_model = GL_SMOOTH;
+  GLint m_colorVertex = GL_LAST_VERTEX_CONVENTION;
 };
 
 /// Clip planes as a call needs them, where that isn't as they were at first.

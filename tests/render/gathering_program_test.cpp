@@ -309,6 +309,19 @@ TEST(GatheringProgram, KeepsHowItShades) {
   }
 }
 
+TEST(GatheringProgram, TakesColorsFromFirstVertices) {
+  SameBothWays([](GatheredScene& scene) {
+    glProvokingVertex(GL_FIRST_VERTEX_CONVENTION);
+    scene.Keep([](COpenGL& gl) {
+      DrawBars(gl);
+      DrawRoof(gl);
+    });
+    GLint left = 0;
+    glGetIntegerv(GL_PROVOKING_VERTEX, &left);
+    EXPECT_EQ(left, GL_FIRST_VERTEX_CONVENTION);
+  });
+}
+
 /// A text across the picture with that font, as legends draw theirs.
 void DrawText(GatheredScene& scene, CFont3D* font) {
   scene.gl.SetColorMode(0);
