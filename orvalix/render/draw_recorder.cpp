@@ -42,14 +42,18 @@ bool IsSamePlace(const point3Dtype& a, const point3Dtype& b) {
   return a.x == b.x && a.y == b.y && a.z == b.z;
 }
 
-/// Numbers in a hash, two at a time.
-std::uint64_t Hashed(std::uint64_t hash, float a, float b) {
-  constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15U;
-  const std::uint64_t pair =
-      std::uint64_t{std::bit_cast<std::uint32_t>(a)} << 32U | std::bit_cast<std::uint32_t>(b);
-  hash = (hash ^ pair) * kPrime;
-  return hash ^ hash >> 29U;
+constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15U;
+
+/// Two numbers in a hash.
+std::uint64_t Hashed(std::uint64_t hash, std::uint32_t a, std::uint32_t b) {
+  hash = (hash ^ (std::uint64_t{a} << 32U | b)) * kPrime;
+  return hash ^ hash >> 32U;
 }
+
+/// Every bit of a hash counts for each of these.
+std::uint32_t Mixed(std::uint64_t hash) { return static_cast<std::uint32_t>(hash * kPrime >> 32U); }
+
+std::uint32_t BitsOf(float number) { return std::bit_cast<std::uint32_t>(number); }
 
 }  // namespace
 
@@ -61,12 +65,11 @@ bool LineState::operator==(const LineState& other) const {
          otherFacing == other.otherFacing;
 }
 
-std::size_t DrawRecorder::Edge::Hash() const {
-  return Hashed(0, std::bit_cast<float>(from), std::bit_cast<float>(to));
-}
+std::uint32_t DrawRecorder::Edge::Hash() const { return Mixed(Hashed(0, from, to)); }
 
-std::size_t DrawRecorder::Corner::Hash() const {
-  return Hashed(Hashed(0, position[0], position[1]), position[2], texture);
+std::uint32_t DrawRecorder::Corner::Hash() const {
+  const std::uint64_t hash = Hashed(0, BitsOf(position[0]), BitsOf(position[1]));
+  return Mixed(Hashed(hash, BitsOf(position[2]), BitsOf(texture)));
 }
 
 template <class Work>
@@ -247,17 +250,24 @@ void DrawRecorder::NeedColor(const std::array<float, 3>& color) {
   for (std::size_t i = 0; i < count; ++i) m_geometry.fillColors.push_back(m_geometry.fillColor);
 }
 
+void DrawRecorder::NeedTextures() {
+  if (m_state.isTextured == 0 || !m_geometry.fillTextures.empty()) return;
+  const std::size_t count = m_geometry.fillVertices.size();
+  for (std::size_t i = 0; i < count; ++i) m_geometry.fillTextures.push_back(0.0F);
+}
+
+DrawRecorder::Corner* DrawRecorder::FindKnown(RecentTable<Corner>& table, const Corner& corner) {
+  return table.Find(corner.Hash(), [&](const Corner& known) { return known.IsSamePlace(corner); });
+}
+
 std::uint32_t DrawRecorder::AddFillVertex(const Position& moved, const Face& face, float texture) {
   const std::size_t before = m_geometry.fillVertices.size();
   RequireRoom(before, 1);
   NeedColor(face.color);
   if (!m_geometry.fillColors.empty()) m_geometry.fillColors.push_back(face.color);
-  if (m_state.isTextured != 0 && m_geometry.fillTextures.empty()) {
-    for (std::size_t i = 0; i < before; ++i) m_geometry.fillTextures.push_back(0.0F);
-  }
-  if (m_state.isTextured != 0 || !m_geometry.fillTextures.empty()) {
-    m_geometry.fillTextures.push_back(texture);
-  }
+  NeedTextures();
+  const bool hasTextures = m_state.isTextured != 0 || !m_geometry.fillTextures.empty();
+  if (hasTextures) m_geometry.fillTextures.push_back(texture);
   m_geometry.fillVertices.push_back({moved, face.normal});
   return static_cast<std::uint32_t>(before);
 }
@@ -265,8 +275,7 @@ std::uint32_t DrawRecorder::AddFillVertex(const Position& moved, const Face& fac
 DrawRecorder::Corner& DrawRecorder::CornerAt(const Position& moved, const Face& face,
                                              float texture) {
   Corner corner{.position = moved, .texture = texture, .isUsed = true};
-  const auto isIt = [&](const Corner& known) { return known.IsSamePlace(corner); };
-  if (Corner* const known = m_recentCorners.Find(corner.Hash(), isIt)) return *known;
+  if (Corner* const known = FindKnown(m_recentCorners, corner)) return *known;
   corner.number = AddFillVertex(moved, face, texture);
   return m_recentCorners.Remember(corner);
 }
@@ -288,23 +297,28 @@ std::uint32_t DrawRecorder::VertexOfFace(Corner& corner, const Face& face) {
 
 std::uint32_t DrawRecorder::NumberOf(const Position& place) {
   Corner corner{.position = place, .isUsed = true};
-  const auto isIt = [&](const Corner& known) { return known.IsSamePlace(corner); };
-  if (Corner* const known = m_recentFrameCorners.Find(corner.Hash(), isIt)) return known->number;
+  if (const Corner* const known = FindKnown(m_recentFrameCorners, corner)) return known->number;
   corner.number = m_frameCorners++;
   return m_recentFrameCorners.Remember(corner).number;
 }
 
-bool DrawRecorder::IsDrawnAlready(std::size_t group, std::uint32_t from, std::uint32_t to,
-                                  const std::array<float, 3>& color) {
-  const Edge edge{std::min(from, to), std::max(from, to), m_groupsBefore + group, color};
-  const auto isIt = [&](const Edge& known) { return known == edge; };
-  Edge* const known = m_recentEdges.Find(edge.Hash(), isIt);
-  if (known != nullptr) {
-    m_recentEdges.Forget(*known);  // two polygons meet there, hardly ever more
-  } else {
+bool DrawRecorder::IsNewEdge(std::size_t group, std::uint32_t from, std::uint32_t to,
+                             const std::array<float, 3>& color) {
+  const Edge edge{.from = std::min(from, to),
+                  .to = std::max(from, to),
+                  .group = m_groupsBefore + group,
+                  .color = color};
+  Edge* const known =
+      m_recentEdges.Find(edge.Hash(), [&](const Edge& recent) { return recent.IsSameLine(edge); });
+  if (known == nullptr) {
     m_recentEdges.Remember(edge);
+    return true;
   }
-  return known != nullptr;
+  if (!known->isMet) m_recentEdges.HasBecomeSpare();
+  known->isMet = true;
+  if (known->color == color) return false;
+  known->color = color;
+  return true;
 }
 
 void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, const Position& to,
@@ -323,7 +337,7 @@ void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t 
   const Position a = m_geometry.fillVertices[from].position;
   const Position b = m_geometry.fillVertices[to].position;
   const std::array<float, 3> shown = ToGathered(color);
-  if (a == b) return;
+  if (a == b) return;  // of a solid without extent there
   LineGroup& lines = m_geometry.segments.back().lines[group];
   if (lines.state.isEdge == 0) {
     AddLineVertices(group, a, b, shown);
@@ -369,6 +383,7 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
     const Face face{MovedNormal(normal), fill.color};
     IndexList& indices = FillIndices(fill, -1);
     RequireRoom(indices.size(), 3 * static_cast<std::size_t>(corners));
+    NeedTextures();
     m_corners.resize(corners);
     // Cut as OpenGL cuts polygons, whose first corner is each triangle's last one: depths are then
     // rounded as in one that is drawn by itself.
@@ -388,7 +403,7 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
       const std::uint32_t from = m_corners[i - 1].place;
       const std::uint32_t to = m_corners[i % corners].place;
       // Polygons that meet share it.
-      if (from == to || IsDrawnAlready(edges, from, to, ToGathered(fill.outlineColor))) continue;
+      if (from == to || !IsNewEdge(edges, from, to, ToGathered(fill.outlineColor))) continue;
       AddEdge(edges, from, to, fill.outlineColor);
     }
   });
@@ -407,11 +422,17 @@ void DrawRecorder::AddFrame(const point3Dtype* points, int n, const RGBDType& co
   Try([&] {
     const std::size_t group = LineGroupFor(StrokeState({width, kSolidLine, 1}, 0));
     const std::array<float, 3> shown = ToGathered(color);
-    for (int i = 1; i < n; ++i) {
-      const Position from = ToFloats(Moved(points[i - 1]));
+    Position from{};
+    std::uint32_t fromPlace = 0;
+    for (int i = 0; i < n; ++i) {
       const Position to = ToFloats(Moved(points[i]));
-      if (from == to || IsDrawnAlready(group, NumberOf(from), NumberOf(to), shown)) continue;
-      AddLineVertices(group, from, to, shown);
+      const std::uint32_t toPlace = NumberOf(to);
+      const bool isLine = i > 0 && from != to;
+      if (isLine && IsNewEdge(group, fromPlace, toPlace, shown)) {
+        AddLineVertices(group, from, to, shown);
+      }
+      from = to;
+      fromPlace = toPlace;
     }
   });
 }

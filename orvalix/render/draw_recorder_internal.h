@@ -48,7 +48,7 @@ class DrawRecorder {
     int isClipped = 0;
   };
   /// @param isFlat as in GatheredGeometry
-  explicit DrawRecorder(const State& state, bool isFlat = false) : m_state(state) {
+  DrawRecorder(const State& state, bool isFlat) : m_state(state) {
     m_geometry.isClippedAtFirst = state.isClipped;
     m_geometry.isFlat = isFlat;
   }
@@ -108,30 +108,33 @@ class DrawRecorder {
 
  private:
   using Position = std::array<float, 3>;
-  /// A line between two places, as it is drawn.
+  /// A line between two places that was drawn.
   struct Edge {
     std::uint32_t from = 0;  ///< a number of a place; equal to `to`: no edge
     std::uint32_t to = 0;
-    std::size_t group = 0;  ///< counted through all segments
-    std::array<float, 3> color{};
+    std::size_t group = 0;         ///< counted through all segments
+    std::array<float, 3> color{};  ///< that was drawn last
+    bool isMet = false;            ///< two polygons have met there, more hardly ever do
 
-    bool operator==(const Edge&) const = default;
-    bool IsNothing() const { return from == to; }
-    std::size_t Hash() const;
+    bool IsSpare() const { return isMet || from == to; }
+    bool IsSameLine(const Edge& other) const {
+      return from == other.from && to == other.to && group == other.group;
+    }
+    std::uint32_t Hash() const;
   };
-  /// A place where polygons meet.
+  /// A place where polygons may meet.
   struct Corner {
     Position position{};
     float texture = 0.0F;
-    std::uint32_t number = 0;  ///< of a vertex there, if it has one
+    std::uint32_t number = 0;  ///< of polygons, that of a vertex there
     bool isUsed = false;
-    bool hasFace = false;  ///< the vertex has the normal and the colour of a face, which needs it
+    bool hasFace = false;  ///< a triangle takes its light from the vertex, which must stay as it is
 
-    bool IsNothing() const { return !isUsed; }
+    bool IsSpare() const { return !isUsed; }
     bool IsSamePlace(const Corner& other) const {
       return isUsed && position == other.position && texture == other.texture;
     }
-    std::size_t Hash() const;
+    std::uint32_t Hash() const;
   };
   /// A corner of the polygon that is being added.
   struct PolygonCorner {
@@ -157,19 +160,25 @@ class DrawRecorder {
   std::size_t EdgeGroupFor(const RecordedFill& fill, int facing, int otherFacing);
   LineState StrokeState(const RecordedStroke& stroke, int isStrip) const;
   std::uint32_t AddFillVertex(const Position& moved, const Face& face, float texture);
+  /// Gives each vertex a colour of its own unless all have this one.
   void NeedColor(const std::array<float, 3>& color);
-  /// What is known of the place of a corner; a new one gets a vertex.
+  /// Gives each vertex a texture coordinate where faces are textured.
+  void NeedTextures();
+  static Corner* FindKnown(RecentTable<Corner>& table, const Corner& corner);
+  /// What is known of the place of a corner, until the next call; a new one gets a vertex.
   Corner& CornerAt(const Position& moved, const Face& face, float texture);
   /// A vertex at a corner that has the normal and the colour of a face.
   std::uint32_t VertexOfFace(Corner& corner, const Face& face);
   void AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to, const RGBDType& color);
   void AddLineVertices(std::size_t group, const Position& from, const Position& to,
                        const std::array<float, 3>& color);
-  /// A number that the same place has each time, as long as it is remembered.
+  /// Of a place of frames: the same each time, as long as it is remembered.
   std::uint32_t NumberOf(const Position& place);
+  /// True when the line that is seen between two places isn't one of that group and colour; it is
+  /// from then on.
   /// @param from, to numbers of places
-  bool IsDrawnAlready(std::size_t group, std::uint32_t from, std::uint32_t to,
-                      const std::array<float, 3>& color);
+  bool IsNewEdge(std::size_t group, std::uint32_t from, std::uint32_t to,
+                 const std::array<float, 3>& color);
   int DirectionOf(const std::array<double, 3>& outward);
   void Extend(const std::array<point3Dtype, 8>& corners);
 
@@ -178,6 +187,8 @@ class DrawRecorder {
   SavedMatrix m_matrix;
   std::vector<SavedMatrix> m_stack;
   std::vector<float> m_textures;
+  /// Of polygons between numbers of vertices, of frames between numbers of their places: no group
+  /// has both.
   RecentTable<Edge> m_recentEdges;
   RecentTable<Corner> m_recentCorners;
   RecentTable<Corner> m_recentFrameCorners;

@@ -144,8 +144,8 @@ struct SolidExtent {
 /// What was gathered, in memory.
 struct GatheredGeometry {
   int isClippedAtFirst = 0;  ///< 1 when clip planes were on where gathering began
-  /// A face has one colour, that of the last vertex of each of its triangles; vertices in other
-  /// places may be those of its neighbours. False: each vertex of a face takes light by itself.
+  /// A face has one colour, that of the last vertex of each of its triangles; the other two may be
+  /// those of neighbours. False: each vertex of a face takes light by itself.
   bool isFlat = false;
   std::vector<DrawSegment> segments;
   std::vector<TextGroup> texts;  ///< drawn after all segments

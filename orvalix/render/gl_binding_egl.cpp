@@ -121,6 +121,26 @@ unsigned char PackIndex(const unsigned char* rgb) {
   return static_cast<unsigned char>((rgb[0] >> 5) | ((rgb[1] >> 5) << 3) | (rgb[2] & 0xC0));
 }
 
+/// Gives the framebuffer a texture to draw in.
+void AttachColors(GLsizei width, GLsizei height) {
+  // Programs of old that number their textures themselves won't come upon it.
+  constexpr GLuint kTexture = 0x7FFFFFF0;
+  glBindTexture(GL_TEXTURE_2D, kTexture);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
+  // Where it may choose, OpenGL keeps pixels in the order in which they come: reading them into
+  // bitmaps then needs no swapping of red and blue.
+  constexpr int kBits = 8;
+  for (const GLint format : {GL_RGBA, GL_RGBA8}) {
+    glTexImage2D(GL_TEXTURE_2D, 0, format, width, height, 0, GL_BGRA, GL_UNSIGNED_BYTE, nullptr);
+    GLint bits = 0;
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_RED_SIZE, &bits);
+    if (bits == kBits) break;
+  }
+  glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, kTexture, 0);
+  glBindTexture(GL_TEXTURE_2D, 0);
+}
+
 }  // namespace
 
 struct GLBinding::Platform {
@@ -146,17 +166,10 @@ bool GLBinding::Platform::CreateFramebuffer() const {
 
   // They live and die with the context.
   GLuint framebuffer = 0;
-  GLuint texture = 0;
   GLuint depth = 0;
   glGenFramebuffers(1, &framebuffer);
   glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-  // A texture of no format of its own takes that of the pixels that it could get, here that of
-  // bitmaps of 32 bits: any other is converted pixel by pixel when it is read.
-  glGenTextures(1, &texture);
-  glBindTexture(GL_TEXTURE_2D, texture);
-  glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_BGRA, GL_UNSIGNED_BYTE, nullptr);
-  glBindTexture(GL_TEXTURE_2D, 0);
-  glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+  AttachColors(width, height);
   glGenRenderbuffers(1, &depth);
   glBindRenderbuffer(GL_RENDERBUFFER, depth);
   glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT32, width, height);

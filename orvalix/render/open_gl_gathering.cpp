@@ -5,7 +5,7 @@
 #include "orvalix/foundation/throw_error_internal.h"
 #include "orvalix/render/draw_list_internal.h"
 #include "orvalix/render/draw_recorder_internal.h"
-#include "orvalix/render/even_light_internal.h"
+#include "orvalix/render/flat_faces_internal.h"
 #include "orvalix/render/font_glyphs_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 #include "orvalix/render/gl_binding_internal.h"
@@ -74,7 +74,7 @@ void COpenGL::BeginGathering(const double* textMatrix, orvalix::KeptTexts* texts
     const orvalix::DrawRecorder::State state{.isLit = m_colorMode != 0 ? 1 : 0,
                                              .isTextured = m_textureEnabled != 0 ? 1 : 0,
                                              .isClipped = m_clippingEnabled};
-    m_recorder = std::make_unique<orvalix::DrawRecorder>(state, orvalix::IsLightEven());
+    m_recorder = std::make_unique<orvalix::DrawRecorder>(state, orvalix::AreFacesFlat());
   } catch (const std::bad_alloc&) {
     m_recorder.reset();  // one by one, then
     TellFarSides();
@@ -217,7 +217,7 @@ void COpenGL::AppendDrawingState(std::vector<double>& numbers) const {
     numbers.push_back(number);
   }
   numbers.insert(numbers.end(), {m_textureMinimum, m_textureScale});
-  numbers.push_back(orvalix::IsLightEven() ? 1.0 : 0.0);
+  numbers.push_back(orvalix::AreFacesFlat() ? 1.0 : 0.0);
 }
 
 void COpenGL::AppendInherited(std::vector<double>& numbers, const DrawingState& state,

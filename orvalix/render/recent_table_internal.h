@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -11,14 +12,15 @@ namespace orvalix {
 
 /// Things found again by their hash. It grows with what it has to remember, up to a size at which
 /// later things replace earlier ones: what is near in time is found, at a bounded cost.
-/// @tparam T has `bool IsNothing() const`, true of `T{}`, and `std::size_t Hash() const`
+/// @tparam T has `bool IsSpare() const`, true of what may be replaced at no loss, `T{}` for one,
+///   and `std::uint32_t Hash() const`
 template <class T>
 class RecentTable {
  public:
   /// The thing with that hash of which `isIt` is true, until the next one is remembered; null when
   /// there is none.
   template <class IsIt>
-  T* Find(std::size_t hash, IsIt isIt) {
+  T* Find(std::uint32_t hash, IsIt isIt) {
     if (m_slots.empty()) return nullptr;
     T* const row = Row(hash);
     T* const found = std::find_if(row, row + kRow, isIt);
@@ -29,11 +31,8 @@ class RecentTable {
     if (m_used * kRow >= m_slots.size()) Grow();
     return Put(thing);
   }
-  /// @param thing as Find() told it; it won't be looked for again
-  void Forget(T& thing) {
-    --m_used;
-    thing = T{};
-  }
+  /// A thing that Find() told has become one that may be replaced.
+  void HasBecomeSpare() { --m_used; }
 
  private:
   static constexpr std::size_t kRow = 4;  ///< slots that a thing may be in
@@ -41,12 +40,12 @@ class RecentTable {
   /// Several times what a row of a large grid has.
   static constexpr std::size_t kMost = std::size_t{1} << 14;
 
-  T* Row(std::size_t hash) { return &m_slots[hash & (m_slots.size() - kRow)]; }
+  T* Row(std::uint32_t hash) { return &m_slots[hash & (m_slots.size() - kRow)]; }
 
   /// In front of the others of its row; where that is full, the oldest is lost.
   T& Put(const T& thing) {
     T* const row = Row(thing.Hash());
-    T* last = std::find_if(row, row + kRow, [](const T& slot) { return slot.IsNothing(); });
+    T* last = std::find_if(row, row + kRow, [](const T& slot) { return slot.IsSpare(); });
     if (last == row + kRow) {
       --last;
     } else {
@@ -61,13 +60,14 @@ class RecentTable {
     std::vector<T> slots(std::max(kFewest, m_slots.size() * 4));
     std::swap(m_slots, slots);
     m_used = 0;
-    for (const T& known : slots) {
-      if (!known.IsNothing()) Put(known);
+    // The oldest of each row first.
+    for (auto known = slots.rbegin(); known != slots.rend(); ++known) {
+      if (!known->IsSpare()) Put(*known);
     }
   }
 
   std::vector<T> m_slots;  ///< a power of two, in rows
-  std::size_t m_used = 0;
+  std::size_t m_used = 0;  ///< slots that aren't spare
 };
 
 }  // namespace orvalix

@@ -70,6 +70,7 @@ TEST(DrawList, HasIndicesBeyondTwoBytes) {
   ExpectSame([](COpenGL& gl) {
     constexpr int kAcross = 150;  // 150 * 150 squares of four vertices: 90000
     constexpr double kStep = 10.0 / kAcross;
+    constexpr double kSize = 0.95 * kStep;  // they don't meet
     const auto height = [](double x, double y) { return 5.0 + std::sin(x) + std::cos(2.0 * y); };
     for (int row = 0; row < kAcross; ++row) {
       for (int column = 0; column < kAcross; ++column) {
@@ -78,9 +79,9 @@ TEST(DrawList, HasIndicesBeyondTwoBytes) {
         const bool isLast = row == kAcross - 1 && column == kAcross - 1;
         const std::array<point3Dtype, 5> corners{
             {{x, y, height(x, y), 0},
-             {x + kStep, y, height(x + kStep, y), 0},
-             {x + kStep, y + kStep, isLast ? 12.0 : height(x + kStep, y + kStep), 0},
-             {x, y + kStep, height(x, y + kStep), 0},
+             {x + kSize, y, height(x + kSize, y), 0},
+             {x + kSize, y + kSize, isLast ? 12.0 : height(x + kSize, y + kSize), 0},
+             {x, y + kSize, height(x, y + kSize), 0},
              {x, y, height(x, y), 0}}};
         gl.SetPolygonOutlineMode(column % 10 == 0 ? 1 : 0);
         gl.SetFillStyle3D(row < kAcross / 2 ? kRed : kGreen, kBlack, kBlack);
@@ -104,7 +105,7 @@ TEST(DrawList, BelongsToTheContextThatItWasMadeIn) {
   GatheredScene second;
   first.gl.MakeCurrent();
   const int before = BuffersAlive();
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   recorder.AddLine({0, 0, 0, 0}, {1, 1, 1, 0}, {}, {1.0F, 0xFFFF, 1});
   auto pool = std::make_shared<BufferPool>();
   auto list = std::make_unique<DrawList>(pool, recorder.Geometry());
@@ -128,7 +129,7 @@ TEST(DrawList, BelongsToTheContextThatItWasMadeIn) {
 TEST(DrawList, MakesNoBuffersWithoutMemory) {
   GatheredScene scene;
   const int before = BuffersAlive();
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   recorder.AddLine({0, 0, 0, 0}, {1, 1, 1, 0}, {}, {1.0F, 0x00FF, 1});
   recorder.StartStrip({1.0F, 0x00FF, 1});
   recorder.AddToStrip({0, 0, 0, 0}, {});
@@ -153,10 +154,18 @@ TEST(DrawList, MakesNoBuffersWithoutMemory) {
   EXPECT_GT(failures, 4);
 }
 
-/// Everything that takes memory to gather: several colours, a texture, matrices, dashes.
+/// Everything that takes memory to gather: several colours, polygons that meet, a texture,
+/// matrices, dashes.
 void DrawAll(COpenGL& gl) {
   static const std::array<point3Dtype, 5> square{
       {{1, 1, 9, 0}, {4, 1, 9, 0}, {4, 4, 9, 0}, {1, 4, 9, 0}, {1, 1, 9, 0}}};
+  for (int i = 0; i < 20; ++i) {
+    const double x = 0.5 * i;
+    const std::array<point3Dtype, 5> step{
+        {{x, 7, 1, 0}, {x + 0.5, 7, 1, 0}, {x + 0.5, 9, 2, 0}, {x, 9, 2, 0}, {x, 7, 1, 0}}};
+    gl.SetFillStyle3D(i % 2 == 0 ? kRed : kGreen, kBlack, kBlack);
+    gl.PolyFillAbs3D(step.data(), 5);
+  }
   gl.DrawPrism3D(1, 1, 1, 3, 3, 3, kRed, kBlack);
   gl.DrawPrism3D(1, 1, 4, 3, 3, 3, kGreen, kRed);
   gl.PushMatrix();

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <functional>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "orvalix/foundation/points.h"
@@ -92,28 +93,31 @@ void ExpectTriangles(const GatheredGeometry& geometry, const std::vector<MeshPol
   EXPECT_EQ(at, indices.size());
 }
 
-/// A grid of `columns` by `rows` cells of two triangles each, with random heights.
-std::vector<MeshPolygon> Grid(int columns, int rows) {
-  std::mt19937 random(7);
-  const auto width = static_cast<std::size_t>(columns) + 1;
-  std::vector<point3Dtype> points;
-  for (int y = 0; y <= rows; ++y) {
-    for (int x = 0; x <= columns; ++x) {
-      points.push_back({static_cast<double>(x), static_cast<double>(y),
-                        static_cast<double>(random() % 1000) / 1000.0, 0.0});
-    }
-  }
+/// Where the point of a grid in that column and row is.
+using Place = std::function<point3Dtype(int column, int row)>;
+
+/// A floor with random heights.
+point3Dtype OnFloor(int column, int row) {
+  std::minstd_rand random(static_cast<unsigned>(1 + column + 4096 * row));
+  random.discard(3);
+  const double height = static_cast<double>(random() % 1000) / 1000.0;
+  return {static_cast<double>(column), static_cast<double>(row), height, 0.0};
+}
+
+/// A grid of `columns` by `rows` cells of two triangles each.
+std::vector<MeshPolygon> Grid(int columns, int rows, const Place& place = OnFloor) {
   std::vector<MeshPolygon> mesh;
-  const auto add = [&](std::size_t a, std::size_t b, std::size_t c) {
+  const auto add = [&](const point3Dtype& a, const point3Dtype& b, const point3Dtype& c) {
     MeshPolygon& polygon = mesh.emplace_back();
-    polygon.corners = {points[a], points[b], points[c]};
-    CalcNormal(points[a], points[b], points[c], polygon.normal);
+    polygon.corners = {a, b, c};
+    CalcNormal(a, b, c, polygon.normal);
   };
-  for (std::size_t y = 0; y < static_cast<std::size_t>(rows); ++y) {
-    for (std::size_t x = 0; x + 1 < width; ++x) {
-      const std::size_t at = y * width + x;
-      add(at, at + 1, at + width + 1);
-      add(at, at + width + 1, at + width);
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      const point3Dtype corner = place(column, row);
+      const point3Dtype opposite = place(column + 1, row + 1);
+      add(corner, place(column + 1, row), opposite);
+      add(corner, opposite, place(column, row + 1));
     }
   }
   return mesh;
@@ -136,7 +140,7 @@ TEST(DrawRecorderMeshes, ShareCornersInEvenLight) {
   const GatheredGeometry geometry = Gathered(mesh, true);
   ExpectTriangles(geometry, mesh);
   EXPECT_EQ(geometry.fillVertices.size(), 8U);
-  EXPECT_EQ(Lines(geometry), 10U) << "the edge of all three is drawn for two, and for the third";
+  EXPECT_EQ(Lines(geometry), 9U) << "of eleven: all three meet at one edge";
 }
 
 TEST(DrawRecorderMeshes, ShareOnlyCornersThatTakeTheSameLightOtherwise) {
@@ -172,6 +176,41 @@ TEST(DrawRecorderMeshes, StoreNoMoreThanAVertexForEachTriangleOfAGrid) {
   EXPECT_LE(static_cast<double>(geometry.fillVertices.size()), 1.01 * kTriangles);
   EXPECT_GE(static_cast<double>(Lines(geometry)), kEdges);
   EXPECT_LE(static_cast<double>(Lines(geometry)), 1.01 * kEdges);
+}
+
+// Places whose numbers are round, and which all lie in a plane, are told apart as fast as others.
+TEST(DrawRecorderMeshes, StoreCornersOfUprightWallsOnce) {
+  constexpr int kSide = 100;
+  const std::vector<std::pair<const char*, Place>> walls{
+      {"floor",
+       [](int i, int k) {
+         return point3Dtype{1.0 * i, 1.0 * k, 3.0, 0.0};
+       }},
+      {"back",
+       [](int i, int k) {
+         return point3Dtype{1.0 * i, 3.0, 1.0 * k, 0.0};
+       }},
+      {"back by columns",
+       [](int i, int k) {
+         return point3Dtype{1.0 * k, 3.0, 1.0 * i, 0.0};
+       }},
+      {"side",
+       [](int i, int k) {
+         return point3Dtype{3.0, 1.0 * i, 1.0 * k, 0.0};
+       }},
+      {"side of tenths", [](int i, int k) {
+         return point3Dtype{3.0, 0.1 * i, 0.1 * k, 0.0};
+       }}};
+  for (const auto& [name, place] : walls) {
+    SCOPED_TRACE(name);
+    const std::vector<MeshPolygon> mesh = Grid(kSide, kSide, place);
+    const GatheredGeometry geometry = Gathered(mesh, true);
+    ExpectTriangles(geometry, mesh);
+    constexpr double kPlaces = (kSide + 1.0) * (kSide + 1.0);
+    EXPECT_LE(static_cast<double>(geometry.fillVertices.size()), 1.02 * kPlaces);
+    constexpr double kEdges = 3.0 * kSide * kSide + 2.0 * kSide;
+    EXPECT_LE(static_cast<double>(Lines(geometry)), 1.02 * kEdges);
+  }
 }
 
 /// Rows that are longer than what is remembered.

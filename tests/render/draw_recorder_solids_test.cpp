@@ -69,7 +69,7 @@ std::size_t Edges(const GatheredGeometry& geometry) {
 }
 
 TEST(RecordedSolids, HaveSixFacesInSixDirectionsAndTwelveEdges) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   Add(recorder, Box(1));
   Add(recorder, Box(2));
   Add(recorder, Box(-2));  // inside out: its sides look the same ways
@@ -90,7 +90,7 @@ TEST(RecordedSolids, HaveSixFacesInSixDirectionsAndTwelveEdges) {
 }
 
 TEST(RecordedSolids, TellSoManyDirectionsApartAndNoMore) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   // Two for up and down, and four more for each: 2 + 4 * 7 = 30, and two of the eighth's.
   for (int i = 0; i < 8; ++i) Add(recorder, Box(1, 10.0 * i));
   const GatheredGeometry& geometry = recorder.Geometry();
@@ -104,7 +104,7 @@ TEST(RecordedSolids, TellSoManyDirectionsApartAndNoMore) {
 }
 
 TEST(RecordedSolids, HaveDirectionsForEachMatrix) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   Add(recorder, Box(1));
   recorder.LoadMatrix(kMatrix.data());
   Add(recorder, Box(5));
@@ -116,12 +116,12 @@ TEST(RecordedSolids, HaveDirectionsForEachMatrix) {
 }
 
 TEST(RecordedSolids, ThatAreCutOpenOrNoneAreSeenFromEverywhere) {
-  DrawRecorder clipped({.isLit = 1, .isTextured = 0, .isClipped = 1});
+  DrawRecorder clipped({.isLit = 1, .isTextured = 0, .isClipped = 1}, true);
   Add(clipped, Box(1));
   EXPECT_EQ(FacesWithDirection(clipped.Geometry()), 0U);
   EXPECT_EQ(Faces(clipped.Geometry()), 6U);
   EXPECT_TRUE(clipped.Geometry().extents.empty());
-  DrawRecorder dented({});
+  DrawRecorder dented({}, true);
   Corners corners = Box(1);
   corners[6] = {0.2, 0.2, 0.2, 0};
   Add(dented, corners);
@@ -130,14 +130,14 @@ TEST(RecordedSolids, ThatAreCutOpenOrNoneAreSeenFromEverywhere) {
 }
 
 TEST(RecordedSolids, WithoutHeightHaveTwoFacesAndEightEdges) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   Add(recorder, Box(0));
   EXPECT_EQ(FacesWithDirection(recorder.Geometry()), 2U);
   EXPECT_EQ(Edges(recorder.Geometry()), 8U) << "four have no length";
 }
 
 TEST(RecordedMatrices, MoveWhatFollows) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   const auto added = [&] {
     recorder.AddLine({1, 2, 3, 0}, {0, 0, 0, 0}, {}, {1.0F, 0xFFFF, 1});
     const auto& vertices = recorder.Geometry().lineVertices;
@@ -166,7 +166,7 @@ TEST(RecordedMatrices, MoveWhatFollows) {
 TEST(RecordedMatrices, TurnNormalsAsTheyTurnFaces) {
   constexpr std::array<point3Dtype, 3> kCorners{{{0, 0, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}}};
   const auto normalOf = [&](const std::array<double, 16>& matrix, const point3Dtype& normal) {
-    DrawRecorder recorder({});
+    DrawRecorder recorder({}, true);
     recorder.Multiply(matrix);
     recorder.AddPolygon(kCorners.data(), 3, normal, nullptr, kOutlined);
     return recorder.Geometry().fillVertices[0].normal;
@@ -193,9 +193,29 @@ TEST(RecordedMatrices, TurnNormalsAsTheyTurnFaces) {
 const orvalix::GlyphMesh kTriangle{
     .corners = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, .front = {0, 1, 2}, .walls = {}, .back = {}};
 
+/// Outlined triangles of two colours round a point.
+void RecordFan(DrawRecorder& recorder) {
+  constexpr int kTriangles = 30;
+  const auto corner = [](int i) {
+    const double angle = 0.2 * i;
+    return point3Dtype{std::cos(angle), std::sin(angle), 0.1 * i, 0};
+  };
+  for (int i = 0; i < kTriangles; ++i) {
+    const std::array<point3Dtype, 4> triangle{
+        {{0, 0, 0, 0}, corner(i), corner(i + 1), {0, 0, 0, 0}}};
+    const RecordedFill fill{.color = {i % 2 == 0 ? 1.0F : 0.0F, 0, 0},
+                            .isOutlined = 1,
+                            .outlineColor = {0, 0, 0, 1},
+                            .outlineWidth = 1};
+    recorder.AddPolygon(triangle.data(), 4, {0, 0, 1.0 + i, 0}, nullptr, fill);
+    recorder.AddFrame(triangle.data(), 4, {0, 0, 0, 1}, 1.0F);
+  }
+}
+
 /// Something of everything.
 void RecordAll(DrawRecorder& recorder) {
   constexpr RecordedStroke kDashed{2.0F, 0x00FF, 1};
+  RecordFan(recorder);
   Add(recorder, Box(1));
   recorder.PushMatrix();
   Add(recorder, Box(1, 33),
@@ -215,31 +235,35 @@ void RecordAll(DrawRecorder& recorder) {
   recorder.AddLine({0, 0, 0, 0}, {1, 1, 1, 0}, {}, kDashed);
 }
 
+void FailEverywhere(orvalix::test::Failing extent, bool isFlat) {
+  int failures = 0;
+  for (bool hasFailed = true; hasFailed; ++failures) {
+    SCOPED_TRACE(failures);
+    DrawRecorder recorder({}, isFlat);
+    {
+      const orvalix::test::AllocationFailure failure(failures + 1, extent);
+      RecordAll(recorder);
+      hasFailed = failure.Happened();
+    }
+    EXPECT_EQ(recorder.HasFailed(), hasFailed);
+    if (!hasFailed) break;
+    EXPECT_EQ(recorder.TexturesFor(3), nullptr);
+    const std::size_t vertices = recorder.Geometry().fillVertices.size();
+    RecordAll(recorder);
+    EXPECT_EQ(recorder.Geometry().fillVertices.size(), vertices);
+    EXPECT_TRUE(recorder.HasFailed());
+  }
+  EXPECT_GT(failures, 25);
+}
+
 TEST(RecordedMemory, FailsOnceAndTakesNothingMore) {
   for (const auto extent : {orvalix::test::Failing::kOne, orvalix::test::Failing::kFromThen}) {
-    int failures = 0;
-    for (bool hasFailed = true; hasFailed; ++failures) {
-      SCOPED_TRACE(failures);
-      DrawRecorder recorder({});
-      {
-        const orvalix::test::AllocationFailure failure(failures + 1, extent);
-        RecordAll(recorder);
-        hasFailed = failure.Happened();
-      }
-      EXPECT_EQ(recorder.HasFailed(), hasFailed);
-      if (!hasFailed) break;
-      EXPECT_EQ(recorder.TexturesFor(3), nullptr);
-      const std::size_t vertices = recorder.Geometry().fillVertices.size();
-      RecordAll(recorder);
-      EXPECT_EQ(recorder.Geometry().fillVertices.size(), vertices);
-      EXPECT_TRUE(recorder.HasFailed());
-    }
-    EXPECT_GT(failures, 15);
+    for (const bool isFlat : {false, true}) FailEverywhere(extent, isFlat);
   }
 }
 
 TEST(RecordedMemory, TakesHugeCountsForFailures) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   EXPECT_EQ(recorder.TexturesFor(-1), nullptr);
   EXPECT_TRUE(recorder.HasFailed());
 }

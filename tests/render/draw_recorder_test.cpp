@@ -76,7 +76,7 @@ TEST(DrawRecorder, CutsPolygonsIntoTriangles) {
   const std::array<point3Dtype, 5> square = Square(0);
   for (const int n : {0, 1, 2, 3, 4, 5}) {
     SCOPED_TRACE(n);
-    DrawRecorder recorder({});
+    DrawRecorder recorder({}, true);
     recorder.AddPolygon(square.data(), n, kUp, nullptr, Outlined());
     const GatheredGeometry& geometry = recorder.Geometry();
     // The fifth point closes the outline and is no corner.
@@ -89,16 +89,16 @@ TEST(DrawRecorder, CutsPolygonsIntoTriangles) {
 }
 
 TEST(DrawRecorder, DrawsAnEdgeThatTwoPolygonsShareOnce) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Outlined());
   AddSquare(recorder, 1, Outlined());
   EXPECT_EQ(LinesOf(recorder.Geometry()), 7U);
-  AddSquare(recorder, 1, Outlined());  // the edge of two is drawn again for a third
-  EXPECT_EQ(LinesOf(recorder.Geometry()), 8U);
+  AddSquare(recorder, 1, Outlined());  // all are there already
+  EXPECT_EQ(LinesOf(recorder.Geometry()), 7U);
 }
 
 TEST(DrawRecorder, DrawsAnEdgeOnceForEachColor) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Outlined(kBlack));
   AddSquare(recorder, 1, Outlined(kRed));
   const DrawSegment& segment = recorder.Geometry().segments.at(0);
@@ -111,8 +111,29 @@ TEST(DrawRecorder, DrawsAnEdgeOnceForEachColor) {
   EXPECT_EQ(LinesByGroup(segment), (Counts{4, 12}));
 }
 
+// The line that came last is seen.
+TEST(DrawRecorder, DrawsAnEdgeAgainOverOneOfAnotherColor) {
+  const auto lastColor = [](const GatheredGeometry& geometry) {
+    return geometry.lineVertices[geometry.lineVertices.size() - 1].color;
+  };
+  DrawRecorder frames({}, true);
+  DrawRecorder polygons({}, true);
+  AddSquare(polygons, 5, Outlined(kBlack));
+  AddSquare(polygons, 7, Outlined(kRed));  // from now on edges have colours of their own
+  std::size_t lines = LinesOf(polygons.Geometry());
+  for (const RGBDType& color : {kRed, kBlack, kRed, kBlack, kRed}) {
+    frames.AddFrame(Square(0).data(), 5, color, 1.0F);
+    AddSquare(polygons, 0, Outlined(color));
+    lines += 4;
+    EXPECT_EQ(LinesOf(polygons.Geometry()), lines);
+    EXPECT_EQ(lastColor(polygons.Geometry()), orvalix::ToGathered(color));
+    EXPECT_EQ(lastColor(frames.Geometry()), orvalix::ToGathered(color));
+  }
+  EXPECT_EQ(LinesOf(frames.Geometry()), 20U);
+}
+
 TEST(DrawRecorder, DrawsEdgesOfOtherWidthsAndMatricesAgain) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Outlined());
   RecordedFill wide = Outlined();
   wide.outlineWidth = 3.0F;
@@ -123,7 +144,7 @@ TEST(DrawRecorder, DrawsEdgesOfOtherWidthsAndMatricesAgain) {
 }
 
 TEST(DrawRecorder, TellsOpenOutlinesFromClosedOnes) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   recorder.AddFrame(Square(0).data(), 5, kBlack, 1.0F);
   recorder.AddFrame(Square(1).data(), 4, kBlack, 1.0F);  // its last edge is shared, and left open
   EXPECT_EQ(LinesOf(recorder.Geometry()), 7U);
@@ -132,7 +153,7 @@ TEST(DrawRecorder, TellsOpenOutlinesFromClosedOnes) {
 }
 
 TEST(DrawRecorder, SortsFacesByState) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   const std::vector<std::pair<const char*, int DrawRecorder::State::*>> parts{
       {"lit", &DrawRecorder::State::isLit},
       {"textured", &DrawRecorder::State::isTextured},
@@ -145,6 +166,11 @@ TEST(DrawRecorder, SortsFacesByState) {
     recorder.GetState().*part = 1;
     recorder.AddPolygon(Square(0).data(), 5, kUp, textures.data(), Outlined());
     EXPECT_EQ(recorder.Geometry().segments.at(0).fills.size(), ++groups);
+    // Vertices that were there before have a coordinate too, should there be textures.
+    const bool hasTextures = recorder.GetState().isTextured != 0;
+    if (hasTextures || !recorder.Geometry().fillTextures.empty()) {
+      EXPECT_EQ(recorder.Geometry().fillTextures.size(), recorder.Geometry().fillVertices.size());
+    }
     recorder.GetState().*part = 0;
     AddSquare(recorder, 0, Outlined());
     EXPECT_EQ(recorder.Geometry().segments.at(0).fills.size(), groups) << "into the first one";
@@ -157,7 +183,7 @@ TEST(DrawRecorder, SortsFacesByState) {
 TEST(DrawRecorder, PutsTextsIntoGroupsByTheirState) {
   const orvalix::GlyphMesh mesh{
       .corners = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, .front = {0, 1, 2}, .walls = {}, .back = {}};
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   recorder.AddGlyph(mesh, 7, kGray);
   recorder.Multiply({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1});
   recorder.AddGlyph(mesh, 7, kGray);
@@ -179,13 +205,13 @@ TEST(DrawRecorder, PutsTextsIntoGroupsByTheirState) {
 
 TEST(DrawRecorder, LeavesOutCharactersWithoutTriangles) {
   const orvalix::GlyphMesh space;
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   recorder.AddGlyph(space, 7, kGray);
   EXPECT_TRUE(recorder.Geometry().texts.empty());
 }
 
 TEST(DrawRecorder, BeginsASegmentForAFillOverLinesOfItsMatrix) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Plain());
   AddSquare(recorder, 1, Plain());
   EXPECT_EQ(recorder.Geometry().segments.size(), 1U);
@@ -207,7 +233,7 @@ TEST(DrawRecorder, BeginsASegmentForAFillOverLinesOfItsMatrix) {
 }
 
 TEST(DrawRecorder, KeepsTheOrderOfStrokes) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   const auto add = [&](const RecordedStroke& stroke) {
     recorder.AddLine({0, 0, 0, 0}, {1, 1, 1, 0}, kGray, stroke);
   };
@@ -224,7 +250,7 @@ TEST(DrawRecorder, KeepsTheOrderOfStrokes) {
 }
 
 TEST(DrawRecorder, CutsSolidLinesApartAndKeepsDashedOnesWhole) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   const auto strip = [&](const RecordedStroke& stroke) {
     recorder.StartStrip(stroke);
     recorder.AddToStrip({0, 0, 0, 0}, kGray);
@@ -250,7 +276,7 @@ TEST(DrawRecorder, CutsSolidLinesApartAndKeepsDashedOnesWhole) {
 }
 
 TEST(DrawRecorder, KeepsOneColorForAllAsLongAsThereIsOnlyOne) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Plain(kGray));
   AddSquare(recorder, 2, Plain(kGray));
   EXPECT_TRUE(recorder.Geometry().fillColors.empty());
@@ -265,7 +291,7 @@ TEST(DrawRecorder, KeepsOneColorForAllAsLongAsThereIsOnlyOne) {
 }
 
 TEST(DrawRecorder, KeepsTextureCoordinatesOnceThereAreSome) {
-  DrawRecorder recorder({});
+  DrawRecorder recorder({}, true);
   AddSquare(recorder, 0, Plain());
   EXPECT_TRUE(recorder.Geometry().fillTextures.empty());
   recorder.GetState().isTextured = 1;

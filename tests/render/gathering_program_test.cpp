@@ -295,6 +295,53 @@ TEST(GatheringProgram, MovesALightClose) {
   }
 }
 
+/// A program that shows the direction in which faces look.
+class NormalsShader {
+ public:
+  NormalsShader() : m_program(glCreateProgram()) {
+    Add(GL_VERTEX_SHADER,
+        "#version 120\nvarying vec3 normal;\n"
+        "void main() { normal = gl_Normal; gl_Position = ftransform(); }\n");
+    Add(GL_FRAGMENT_SHADER,
+        "#version 120\nvarying vec3 normal;\n"
+        "void main() { gl_FragColor = vec4(0.5 * normal + 0.5, 1.0); }\n");
+    glLinkProgram(m_program);
+    glUseProgram(m_program);
+  }
+  ~NormalsShader() {
+    glUseProgram(0);
+    glDeleteProgram(m_program);
+  }
+  NormalsShader(const NormalsShader&) = delete;
+  NormalsShader& operator=(const NormalsShader&) = delete;
+
+ private:
+  void Add(GLenum type, const char* source) const {
+    const GLuint shader = glCreateShader(type);
+    glShaderSource(shader, 1, &source, nullptr);
+    glCompileShader(shader);
+    glAttachShader(m_program, shader);
+    glDeleteShader(shader);
+  }
+
+  GLuint m_program;
+};
+
+TEST(GatheringProgram, ShadesFacesItself) {
+  SameBothWays([](GatheredScene& scene) {
+    const NormalsShader shader;
+    GLint isLinked = 0;
+    GLint program = 0;
+    glGetIntegerv(GL_CURRENT_PROGRAM, &program);
+    glGetProgramiv(static_cast<GLuint>(program), GL_LINK_STATUS, &isLinked);
+    ASSERT_EQ(isLinked, GL_TRUE);
+    scene.Keep([](COpenGL& gl) {
+      gl.SetPolygonOutlineMode(0);
+      DrawRoof(gl);
+    });
+  });
+}
+
 TEST(GatheringProgram, KeepsHowItShades) {
   for (const int gathering : {0, 1}) {
     GatheredScene scene(gathering);
@@ -319,6 +366,23 @@ TEST(GatheringProgram, TakesColorsFromFirstVertices) {
     GLint left = 0;
     glGetIntegerv(GL_PROVOKING_VERTEX, &left);
     EXPECT_EQ(left, GL_FIRST_VERTEX_CONVENTION);
+  });
+}
+
+/// Frames and outlines over one another.
+TEST(GatheringProgram, DrawsTheColorThatComesLast) {
+  SameBothWays([](GatheredScene& scene) {
+    scene.Keep([](COpenGL& gl) {
+      const std::array<point3Dtype, 5> square{
+          {{1, 1, 5, 0}, {9, 1, 5, 0}, {9, 9, 5, 0}, {1, 9, 5, 0}, {1, 1, 5, 0}}};
+      for (const RGBDType& color : {kRed, kGreen, kRed}) {
+        gl.SetFillStyle3D(kBlack, kBlack, color);
+        gl.PolyFillAbs3D(square.data(), 5);
+        gl.SetLineWidth3D(5.0);
+        gl.Frame3D(square.data(), 5);
+        gl.SetLineWidth3D(1.0);
+      }
+    });
   });
 }
 

@@ -71,7 +71,7 @@ class RandomDrawing {
     }
   }
 
-  /// Polygons that meet, each in a colour of its own.
+  /// Polygons that meet, each in a colour of its own, and now and then in another state.
   void DrawPatch(COpenGL& gl, const point3Dtype& at, double size) {
     constexpr int kSide = 4;
     std::array<point3Dtype, kSide * kSide> points;
@@ -86,6 +86,8 @@ class RandomDrawing {
       };
       for (const point3Dtype& third : {corner(1, 0), corner(0, 1)}) {
         const std::array<point3Dtype, 4> triangle{corner(0, 0), corner(1, 1), third, corner(0, 0)};
+        if (Pick(4) == 0) gl.SetColorMode(static_cast<int>(Pick(3)));
+        if (Pick(4) == 0) gl.EnableTexture(static_cast<int>(Pick(2)));
         const RGBDType fill = Color();
         gl.SetFillStyle3D(fill, fill, Color());
         gl.PolyFillAbs3D(triangle.data(), 4);

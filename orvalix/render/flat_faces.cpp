@@ -1,11 +1,14 @@
 #include <array>
 
-#include "orvalix/render/even_light_internal.h"
+#include "orvalix/render/flat_faces_internal.h"
 #include "orvalix/render/gl_api_internal.h"
 
 namespace orvalix {
 
-bool IsLightEven() {
+bool AreFacesFlat() {
+  GLint program = 0;
+  glGetIntegerv(GL_CURRENT_PROGRAM, &program);
+  if (program != 0 || glIsEnabled(GL_TEXTURE_GEN_S) != GL_FALSE) return false;
   GLint isViewerLocal = GL_FALSE;
   glGetIntegerv(GL_LIGHT_MODEL_LOCAL_VIEWER, &isViewerLocal);
   if (isViewerLocal != GL_FALSE) return false;
