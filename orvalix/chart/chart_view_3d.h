@@ -239,7 +239,10 @@ class ORVALIX_API CChartView3D {
   void DrawView();
   void DrawBorder();
   void DrawHeader();
-  void DrawCharts();
+  /// @param isFresh true while the view has only been cleared
+  void DrawCharts(bool isFresh);
+  /// True where the first chart covers the view's border, as it does unless somebody moves it.
+  bool IsBorderHidden() const;
   void DrawLegends();
   void RegisterChangedFont();
   /// What a chart has to clear before it is drawn to these pixels, as COpenGL::Clear() takes it.

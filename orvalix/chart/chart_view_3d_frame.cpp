@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "orvalix/chart/border_internal.h"
@@ -7,6 +8,7 @@
 #include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/png_file_internal.h"
 #include "orvalix/chart/selected_palette_internal.h"
+#include "orvalix/chart/viewport_internal.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -111,10 +113,11 @@ void CChartView3D::DrawView() {
                           m_viewBkColor.alpha);
   m_openGL->Clear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   m_openGL->LoadIdentity();
-  if (m_borderEnable != 0) DrawBorder();
+  const bool showsBorder = m_borderEnable != 0 && !IsBorderHidden();
+  if (showsBorder) DrawBorder();
   if (m_fontChanged) RegisterChangedFont();
   DrawHeader();
-  if (!m_charts.IsEmpty()) DrawCharts();
+  if (!m_charts.IsEmpty()) DrawCharts(!showsBorder && !m_header->DrawsAnything());
   if (!m_legends.IsEmpty()) DrawLegends();
   m_openGL->Flush();
   m_openGL->UpdateBitmap(m_viewWidth, m_viewHeight);
@@ -122,6 +125,23 @@ void CChartView3D::DrawView() {
 
 void CChartView3D::DrawBorder() {
   orvalix::DrawBorder(*m_openGL, m_borderThickness, m_viewWidth, m_viewHeight, m_borderColor);
+}
+
+bool CChartView3D::IsBorderHidden() const {
+  // A program that asks what is drawn hears of it.
+  if (!m_openGL->IsRendering() || m_header->DrawsAnything()) return false;
+  const auto first = std::find_if(m_charts.begin(), m_charts.end(), [](const CChart3D* chart) {
+    return chart->GetChartEnable() != 0;
+  });
+  if (first == m_charts.end()) return false;
+  // Its own border leaves the colours and the line width that the view's would have left.
+  const CChart3D& chart = **first;
+  if (chart.GetBorderEnable() == 0 || !(chart.GetBorderThickness() > 0.0)) return false;
+  GLViewRType position{};
+  chart.GetChartPosition(position);
+  const GLViewportType pixels = orvalix::PixelViewport(position, m_viewWidth, m_viewHeight);
+  return pixels.x == 0 && pixels.y == 0 && pixels.width == m_viewWidth &&
+         pixels.height == m_viewHeight;
 }
 
 void CChartView3D::RegisterChangedFont() {
@@ -137,10 +157,9 @@ void CChartView3D::DrawHeader() {
   m_header->DrawHeader();
 }
 
-void CChartView3D::DrawCharts() {
+void CChartView3D::DrawCharts(bool isFresh) {
   const OneFrame frame(m_fresh);
-  const bool isEmpty = m_borderEnable == 0 && !m_header->DrawsAnything();
-  if (isEmpty) m_fresh = {Pixels(m_viewWidth, m_viewHeight), m_viewBkColor};
+  if (isFresh) m_fresh = {Pixels(m_viewWidth, m_viewHeight), m_viewBkColor};
   for (CChart3D* chart : m_charts) {
     chart->DrawChart();
     // OpenGL works on it while the next one is sent.

@@ -8,6 +8,7 @@
 #include "chart/view_fixture.h"
 #include "orvalix/chart/header_3d.h"
 #include "orvalix/render/gl_api_internal.h"
+#include "support/feedback.h"
 
 // What charts needn't clear because the view has just cleared it.
 
@@ -106,6 +107,46 @@ TEST_F(FreshView, LetsChartsCoverItsTitleAndItsBorder) {
   for (int y = 0; y < 20; ++y) {
     for (int x = 0; x < 40; ++x) ASSERT_EQ(target.WindowPixel(x, y), kGreen) << x << ' ' << y;
   }
+}
+
+// Behind a chart it isn't drawn at all.
+TEST_F(FreshView, ShowsItsBorderUnlessTheFirstChartCoversIt) {
+  target.view->EnableBorder(1);
+  target.view->SetViewBorderThickness(8.0);
+  target.view->SetViewBorderColor(kRedBack);
+  CChart3D& chart = AddChart({0, 0, 1, 1}, kGreenBack);
+  const auto edge = [&] { return Drawn(2, 10); };
+  EXPECT_EQ(edge(), kGreen);
+  chart.EnableBorder(1);
+  chart.SetBorderColor(kGreenBack);
+  EXPECT_EQ(edge(), kGreen);
+  chart.SetBorderColor({0, 0, 0, 1});
+  chart.SetBorderThickness(0.0);
+  EXPECT_EQ(edge(), kBlack) << "as wide as the view's, which was drawn before it";
+  chart.SetBorderThickness(1.0);
+  chart.SetBorderColor(kGreenBack);
+  EXPECT_EQ(edge(), kGreen);
+  chart.EnableChart(0);
+  EXPECT_EQ(edge(), kRed);
+  AddChart({0.5, 0, 0.5, 1}, kGreenBack).EnableBorder(1);
+  EXPECT_EQ(edge(), kRed);
+  AddChart({0, 0, 1, 1}, kGreenBack);
+  EXPECT_EQ(edge(), kGreen);
+  chart.EnableChart(1);
+  chart.SetChartPosition({0.2, 0, 0.8, 1});
+  EXPECT_EQ(edge(), kGreen) << "by the last one";
+}
+
+TEST_F(FreshView, TellsOfABorderThatAChartCovers) {
+  target.view->EnableBorder(1);
+  AddChart({0, 0, 1, 1}, kGreenBack).EnableBorder(1);
+  target.view->DrawViewScreen();
+  int lines = 0;
+  for (const FeedbackPrimitive& primitive :
+       CaptureFeedback([&] { target.view->DrawViewScreen(); })) {
+    lines += primitive.kind == FeedbackPrimitive::Kind::kLine ? 1 : 0;
+  }
+  EXPECT_EQ(lines, 8);
 }
 
 TEST_F(FreshView, IsClearedByChartsThatAreDrawnAlone) {
