@@ -376,30 +376,76 @@ class InTurns {
   double m_raw = 0.0;
 };
 
-template <AddSeries kAdd, BuildRaw kBuild>
+/// Raw of a series of that size.
+template <BuildRaw kBuild>
+class RawSeries {
+ public:
+  RawSeries(Scene& scene, std::int64_t size)
+      : m_raw(scene, [&](RawGeometry& out) { kBuild(size, out); }) {}
+
+  static void Prepare() {}
+  void Draw() { m_raw.Draw(); }
+
+ private:
+  RawScene m_raw;
+};
+
+/// Raw of the small charts.
+class RawCharts {
+ public:
+  RawCharts(Scene& scene, std::int64_t) : m_scene(scene) {
+    scene.view->GetOpenGLPntr()->MakeCurrent();
+    m_picture = std::make_unique<ReplayedPicture>(OnScreen());
+  }
+
+  static void Prepare() { OnScreen(); }
+  void Draw() {
+    ClearTarget(m_scene);
+    m_picture->Draw();
+    ShowTarget(m_scene);
+  }
+
+ private:
+  /// What the charts draw, all of it, seen or not.
+  static const ScreenGeometry& OnScreen() {
+    static const ScreenGeometry geometry = [] {
+      Scene scene;
+      AddCharts(scene, 0);
+      scene.view->GetOpenGLPntr()->MakeCurrent();
+      return ScreenGeometry([&] { scene.view->DrawViewScreen(); }, kWidth, kHeight);
+    }();
+    return geometry;
+  }
+
+  Scene& m_scene;
+  std::unique_ptr<ReplayedPicture> m_picture;
+};
+
+template <AddSeries kAdd, class Raw>
 void First(benchmark::State& state) {
+  Raw::Prepare();
   InTurns turns(state);
   for (auto _ : state) {
     auto scene = std::make_unique<Scene>();
     kAdd(*scene, state.range(0));
     auto rawScene = std::make_unique<Scene>();
-    std::unique_ptr<RawScene> raw;
+    std::unique_ptr<Raw> raw;
     turns.Take([&] { scene->view->DrawViewScreen(); },
                [&] {
-                 raw = std::make_unique<RawScene>(
-                     *rawScene, [&](RawGeometry& out) { kBuild(state.range(0), out); });
+                 raw = std::make_unique<Raw>(*rawScene, state.range(0));
                  raw->Draw();
                });
   }
 }
 
-template <AddSeries kAdd, BuildRaw kBuild>
+template <AddSeries kAdd, class Raw>
 void Turned(benchmark::State& state) {
+  Raw::Prepare();
   Scene scene;
   kAdd(scene, state.range(0));
   scene.view->DrawViewScreen();
   Scene rawScene;
-  RawScene raw(rawScene, [&](RawGeometry& out) { kBuild(state.range(0), out); });
+  Raw raw(rawScene, state.range(0));
   raw.Draw();
   double degrees = 0.0;
   InTurns turns(state);
@@ -414,61 +460,6 @@ void Turned(benchmark::State& state) {
           rawScene.Turn(degrees);
           raw.Draw();
         });
-  }
-}
-
-/// What small charts draw, all of it, seen or not.
-const ScreenGeometry& ChartsOnScreen() {
-  static const ScreenGeometry geometry = [] {
-    Scene scene;
-    AddCharts(scene, 0);
-    scene.view->GetOpenGLPntr()->MakeCurrent();
-    return ScreenGeometry([&] { scene.view->DrawViewScreen(); }, kWidth, kHeight);
-  }();
-  return geometry;
-}
-
-void DrawReplayed(Scene& scene, const ReplayedPicture& picture) {
-  ClearTarget(scene);
-  picture.Draw();
-  ShowTarget(scene);
-}
-
-void FirstCharts(benchmark::State& state) {
-  ChartsOnScreen();
-  InTurns turns(state);
-  for (auto _ : state) {
-    auto scene = std::make_unique<Scene>();
-    AddCharts(*scene, 0);
-    auto rawScene = std::make_unique<Scene>();
-    std::unique_ptr<ReplayedPicture> picture;
-    turns.Take([&] { scene->view->DrawViewScreen(); },
-               [&] {
-                 rawScene->view->GetOpenGLPntr()->MakeCurrent();
-                 picture = std::make_unique<ReplayedPicture>(ChartsOnScreen());
-                 DrawReplayed(*rawScene, *picture);
-               });
-  }
-}
-
-void TurnedCharts(benchmark::State& state) {
-  ChartsOnScreen();
-  Scene scene;
-  AddCharts(scene, 0);
-  scene.view->DrawViewScreen();
-  Scene rawScene;
-  rawScene.view->GetOpenGLPntr()->MakeCurrent();
-  const ReplayedPicture picture(ChartsOnScreen());
-  double degrees = 0.0;
-  InTurns turns(state);
-  for (auto _ : state) {
-    degrees += kTurn;
-    turns.Take(
-        [&] {
-          scene.Turn(degrees);
-          scene.view->DrawViewScreen();
-        },
-        [&] { DrawReplayed(rawScene, picture); });
   }
 }
 
@@ -505,20 +496,20 @@ void GrowingSizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000)->Arg(5000000);
 }
 
-BENCHMARK(First<AddSurface, RawSurface>)
+BENCHMARK(First<AddSurface, RawSeries<RawSurface>>)
     ->Name("First/surface")
     ->Apply(SurfaceSizes)
     ->Apply(Measure);
-BENCHMARK(Turned<AddSurface, RawSurface>)
+BENCHMARK(Turned<AddSurface, RawSeries<RawSurface>>)
     ->Name("Turned/surface")
     ->Apply(SurfaceSizes)
     ->Apply(Measure);
-BENCHMARK(First<AddBars, RawBars>)->Name("First/bars")->Arg(40000)->Apply(Measure);
-BENCHMARK(Turned<AddBars, RawBars>)->Name("Turned/bars")->Arg(40000)->Apply(Measure);
-BENCHMARK(First<AddCubes, RawCubes>)->Name("First/cubes")->Arg(100000)->Apply(Measure);
-BENCHMARK(Turned<AddCubes, RawCubes>)->Name("Turned/cubes")->Arg(100000)->Apply(Measure);
-BENCHMARK(FirstCharts)->Name("First/charts")->Arg(4)->Apply(Measure);
-BENCHMARK(TurnedCharts)->Name("Turned/charts")->Arg(4)->Apply(Measure);
+BENCHMARK(First<AddBars, RawSeries<RawBars>>)->Name("First/bars")->Arg(40000)->Apply(Measure);
+BENCHMARK(Turned<AddBars, RawSeries<RawBars>>)->Name("Turned/bars")->Arg(40000)->Apply(Measure);
+BENCHMARK(First<AddCubes, RawSeries<RawCubes>>)->Name("First/cubes")->Arg(100000)->Apply(Measure);
+BENCHMARK(Turned<AddCubes, RawSeries<RawCubes>>)->Name("Turned/cubes")->Arg(100000)->Apply(Measure);
+BENCHMARK(First<AddCharts, RawCharts>)->Name("First/charts")->Arg(4)->Apply(Measure);
+BENCHMARK(Turned<AddCharts, RawCharts>)->Name("Turned/charts")->Arg(4)->Apply(Measure);
 BENCHMARK(GrowthFirst)->Name("GrowthFirst/surface")->Apply(GrowingSizes)->Apply(Measure);
 BENCHMARK(GrowthTurned)->Name("GrowthTurned/surface")->Apply(GrowingSizes)->Apply(Measure);
 
