@@ -1,6 +1,7 @@
 #include <EGL/egl.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <latch>
 #include <thread>
@@ -178,6 +179,20 @@ TEST(Context, DrawsNowhereWhileAnotherThreadHasIt) {
 TEST(ContextDeathTest, IsMadeAgainOnADisplayThatTheHostTerminated) {
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_EXIT(DrawAfterTheDisplayWasTerminated(), ::testing::ExitedWithCode(0), "");
+}
+
+// Programs may number their textures themselves, from 1 on.
+TEST(Context, LeavesTheNumbersOfTexturesToItsProgram) {
+  Offscreen target(8, 8);
+  for (GLuint name = 1; name < 100; ++name) EXPECT_EQ(glIsTexture(name), GL_FALSE) << name;
+  constexpr std::array<unsigned char, 4> kTexel{};
+  for (GLuint name = 1; name < 10; ++name) {
+    glBindTexture(GL_TEXTURE_2D, name);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, kTexel.data());
+  }
+  Paint(*target.gl, 1, 0, 0);
+  target.gl->UpdateBitmap(8, 8);
+  EXPECT_EQ(MiddleOf(target), kRed);
 }
 
 }  // namespace

@@ -342,6 +342,24 @@ TEST(GatheringProgram, ShadesFacesItself) {
   });
 }
 
+TEST(GatheringProgram, GeneratesTextureCoordinatesFromNormals) {
+  SameBothWays([](GatheredScene& scene) {
+    const std::array<RGBDType, 4> colors{
+        {{1, 0, 0, 1}, {0, 0.8, 0, 1}, {0, 0, 1, 1}, {1, 0.7, 0, 1}}};
+    scene.gl.SetTextureColorArray(colors.data(), 0.0, 10.0, static_cast<int>(colors.size()));
+    scene.gl.SetTextureMode(2);
+    glTexGeni(GL_S, GL_TEXTURE_GEN_MODE, GL_SPHERE_MAP);
+    glEnable(GL_TEXTURE_GEN_S);
+    scene.Keep([](COpenGL& gl) {
+      gl.SetPolygonOutlineMode(0);
+      gl.EnableTexture(1);
+      DrawRoof(gl);
+      gl.EnableTexture(0);
+    });
+    glDisable(GL_TEXTURE_GEN_S);
+  });
+}
+
 TEST(GatheringProgram, KeepsHowItShades) {
   for (const int gathering : {0, 1}) {
     GatheredScene scene(gathering);
