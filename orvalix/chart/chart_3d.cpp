@@ -117,6 +117,17 @@ void CChart3D::DrawChart() {
   DrawChartTexts();
 }
 
+bool CChart3D::HidesBorderOf(const CChartView3D& view) const {
+  // A program may have bound it to another view.
+  if (m_view != &view || m_openGL == nullptr) return false;
+  if (m_borderEnable == 0 || !(m_borderThickness > 0.0)) return false;
+  int width = 0;
+  int height = 0;
+  view.GetViewSize(width, height);
+  const GLViewportType pixels = orvalix::PixelViewport(m_position, width, height);
+  return pixels.x == 0 && pixels.y == 0 && pixels.width == width && pixels.height == height;
+}
+
 void CChart3D::SetupOpenGL() {
   m_openGL->LoadIdentity();
   m_openGL->SetViewport(m_viewport);

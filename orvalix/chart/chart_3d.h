@@ -270,6 +270,8 @@ class ORVALIX_API CChart3D {
   static int nSelfID;  ///< charts counted so far; Load() overwrites it
 
  private:
+  friend class CChartView3D;
+
   template <class Record, class Self>
   static void RecordFields(Record& record, Self& self);
 
@@ -281,6 +283,9 @@ class ORVALIX_API CChart3D {
   void BindChartObj(CChartObj3D& chartObj);
   void BindDIBObj(CDIBObj3D& dibObj);
   void BindText(CTextObj3D& text);
+  /// True when its frame covers all of that view and its border leaves the colours and the line
+  /// width behind that the view's would have left.
+  bool HidesBorderOf(const CChartView3D& view) const;
   void SetupOpenGL();
   void SetupLight();
   void SetupTexture();

@@ -8,7 +8,6 @@
 #include "orvalix/chart/legend_3d.h"
 #include "orvalix/chart/png_file_internal.h"
 #include "orvalix/chart/selected_palette_internal.h"
-#include "orvalix/chart/viewport_internal.h"
 #include "orvalix/chart/window_dc_internal.h"
 #include "orvalix/foundation/points.h"
 #include "orvalix/foundation/throw_error_internal.h"
@@ -133,15 +132,7 @@ bool CChartView3D::IsBorderHidden() const {
   const auto first = std::find_if(m_charts.begin(), m_charts.end(), [](const CChart3D* chart) {
     return chart->GetChartEnable() != 0;
   });
-  if (first == m_charts.end()) return false;
-  // Its own border leaves the colours and the line width that the view's would have left.
-  const CChart3D& chart = **first;
-  if (chart.GetBorderEnable() == 0 || !(chart.GetBorderThickness() > 0.0)) return false;
-  GLViewRType position{};
-  chart.GetChartPosition(position);
-  const GLViewportType pixels = orvalix::PixelViewport(position, m_viewWidth, m_viewHeight);
-  return pixels.x == 0 && pixels.y == 0 && pixels.width == m_viewWidth &&
-         pixels.height == m_viewHeight;
+  return first != m_charts.end() && (*first)->HidesBorderOf(*this);
 }
 
 void CChartView3D::RegisterChangedFont() {

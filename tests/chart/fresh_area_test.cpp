@@ -137,6 +137,19 @@ TEST_F(FreshView, ShowsItsBorderUnlessTheFirstChartCoversIt) {
   EXPECT_EQ(edge(), kGreen) << "by the last one";
 }
 
+// A chart that was bound to a smaller view covers what it has.
+TEST_F(FreshView, ShowsItsBorderBesideAChartOfAnotherView) {
+  ViewOn small{10, 10};
+  target.view->EnableBorder(1);
+  target.view->SetViewBorderThickness(8.0);
+  target.view->SetViewBorderColor(kRedBack);
+  CChart3D& chart = AddChart({0, 0, 1, 1}, kGreenBack);
+  chart.EnableBorder(1);
+  chart.InitChart3D(small.view.get());
+  small.view->DrawViewScreen();
+  EXPECT_EQ(Drawn(37, 10), kRed);
+}
+
 TEST_F(FreshView, TellsOfABorderThatAChartCovers) {
   target.view->EnableBorder(1);
   AddChart({0, 0, 1, 1}, kGreenBack).EnableBorder(1);
