@@ -333,14 +333,13 @@ void DrawRecorder::AddLineVertices(std::size_t group, const Position& from, cons
 }
 
 void DrawRecorder::AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to,
-                           const RGBDType& color) {
+                           const std::array<float, 3>& color) {
   const Position a = m_geometry.fillVertices[from].position;
   const Position b = m_geometry.fillVertices[to].position;
-  const std::array<float, 3> shown = ToGathered(color);
   if (a == b) return;  // of a solid without extent there
   LineGroup& lines = m_geometry.segments.back().lines[group];
   if (lines.state.isEdge == 0) {
-    AddLineVertices(group, a, b, shown);
+    AddLineVertices(group, a, b, color);
     return;
   }
   RequireRoom(lines.indices.size(), 2);
@@ -399,12 +398,12 @@ void DrawRecorder::AddPolygon(const point3Dtype* points, int n, const point3Dtyp
     }
     if (fill.isOutlined == 0) return;
     const std::size_t edges = EdgeGroupFor(fill, -1, -1);
+    const std::array<float, 3> shown = ToGathered(fill.outlineColor);
     for (std::uint32_t i = 1; i < static_cast<std::uint32_t>(n); ++i) {
       const std::uint32_t from = m_corners[i - 1].place;
       const std::uint32_t to = m_corners[i % corners].place;
       // Polygons that meet share it.
-      if (from == to || !IsNewEdge(edges, from, to, ToGathered(fill.outlineColor))) continue;
-      AddEdge(edges, from, to, fill.outlineColor);
+      if (from != to && IsNewEdge(edges, from, to, shown)) AddEdge(edges, from, to, shown);
     }
   });
 }
@@ -466,10 +465,11 @@ void DrawRecorder::AddSolid(const point3Dtype* corners, const float* textures,
       }
     }
     if (fill.isOutlined == 0) return;
+    const std::array<float, 3> shown = ToGathered(fill.outlineColor);
     for (const SolidEdge& edge : kSolidEdges) {
       const std::size_t group = EdgeGroupFor(fill, facing[edge.face], facing[edge.other]);
       const auto from = static_cast<std::uint32_t>(edge.corner);
-      AddEdge(group, first[edge.face] + from, first[edge.face] + (from + 1) % 4, fill.outlineColor);
+      AddEdge(group, first[edge.face] + from, first[edge.face] + (from + 1) % 4, shown);
     }
   });
 }

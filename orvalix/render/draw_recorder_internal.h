@@ -169,7 +169,8 @@ class DrawRecorder {
   Corner& CornerAt(const Position& moved, const Face& face, float texture);
   /// A vertex at a corner that has the normal and the colour of a face.
   std::uint32_t VertexOfFace(Corner& corner, const Face& face);
-  void AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to, const RGBDType& color);
+  void AddEdge(std::size_t group, std::uint32_t from, std::uint32_t to,
+               const std::array<float, 3>& color);
   void AddLineVertices(std::size_t group, const Position& from, const Position& to,
                        const std::array<float, 3>& color);
   /// Of a place of frames: the same each time, as long as it is remembered.
